@@ -1,0 +1,35 @@
+# What is built. The two libraries need a compiler alone; each of the others is on when what it needs
+# is there, and says what is missing otherwise.
+
+option(ORU_WERROR "Warnings are errors" OFF)
+option(ORU_SANITIZE "Address and undefined-behaviour sanitizers" OFF)
+
+# oru_part(NAME MESSAGE [CONDITION...]): an option NAME whose default is the condition.
+function(oru_part name needs found)
+    option(${name} "${needs}" ${found})
+    if(NOT found AND NOT ${name})
+        message(STATUS "${name} is off: ${needs} not found")
+    endif()
+endfunction()
+
+find_package(nlohmann_json 3.11 QUIET)
+find_package(GTest QUIET)
+find_package(benchmark QUIET)
+find_package(Threads QUIET)
+set(tests_found OFF)
+if(nlohmann_json_FOUND AND GTest_FOUND AND Threads_FOUND)
+    set(tests_found ON)
+endif()
+
+oru_part(ORU_TOOLS "the tools need nlohmann-json 3.11 (nlohmann-json3-dev)" ${nlohmann_json_FOUND})
+oru_part(ORU_TESTS "the tests need GoogleTest (libgtest-dev, libgmock-dev) and the tools" ${tests_found})
+oru_part(ORU_BENCH "the benchmarks need Google Benchmark (libbenchmark-dev)" ${benchmark_FOUND})
+
+# Everything of this project is compiled with these.
+add_library(oruWarnings INTERFACE)
+target_compile_options(oruWarnings INTERFACE -Wall -Wextra -Wpedantic
+    $<$<COMPILE_LANGUAGE:CXX>:-Wconversion> $<$<BOOL:${ORU_WERROR}>:-Werror>)
+if(ORU_SANITIZE)
+    add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=address,undefined)
+endif()

@@ -1,0 +1,275 @@
+#include "file.hpp"
+
+#include "descriptor.hpp"
+#include "text.hpp"
+
+#include <climits>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <sys/file.h>
+
+namespace oru {
+namespace {
+
+bool sameTime(const timespec &one, const timespec &other)
+{
+    return one.tv_sec == other.tv_sec && one.tv_nsec == other.tv_nsec;
+}
+
+/// Reads up to size bytes; fewer only at the end of the file. -1 on failure.
+ssize_t readWhole(int file, char *to, size_t size)
+{
+    size_t done = 0;
+    while (done < size) {
+        const ssize_t got = uninterrupted([&] { return ::read(file, to + done, size - done); });
+        if (got < 0) return -1;
+        if (got == 0) break;
+        done += static_cast<size_t>(got);
+    }
+    return static_cast<ssize_t>(done);
+}
+
+bool writeWhole(int file, std::string_view bytes)
+{
+    while (!bytes.empty()) {
+        const ssize_t put =
+            uninterrupted([&] { return ::write(file, bytes.data(), bytes.size()); });
+        if (put <= 0) return false;
+        bytes = {bytes.data() + put, bytes.size() - static_cast<size_t>(put)};
+    }
+    return true;
+}
+
+/// The file that a path names once its symbolic links are followed, as a folder and a name in it.
+/// The last link's target may be missing.
+class Target {
+public:
+    explicit Target(const char *path)
+    {
+        const size_t length = std::strlen(path);
+        if (length == 0 || length >= sizeof path_) return;
+        std::memcpy(path_, path, length + 1);
+
+        constexpr int kMostLinks = 40;
+        for (int links = 0; links <= kMostLinks; ++links) {
+            exists_ = ::fstatat(AT_FDCWD, path_, &status_, AT_SYMLINK_NOFOLLOW) == 0;
+            if (!exists_ && errno != ENOENT) return;
+            if (!exists_ || !S_ISLNK(status_.st_mode)) {
+                valid_ = !exists_ || S_ISREG(status_.st_mode);
+                return;
+            }
+            if (!followLink()) return;
+        }
+    }
+
+    [[nodiscard]] bool valid() const { return valid_; }
+    [[nodiscard]] bool exists() const { return exists_; }
+    [[nodiscard]] const struct stat &status() const { return status_; }
+    [[nodiscard]] const char *path() const { return path_; }
+    [[nodiscard]] const char *name() const
+    {
+        const char *slash = std::strrchr(path_, '/');
+        return slash == nullptr ? path_ : slash + 1;
+    }
+
+    [[nodiscard]] Descriptor openFolder() const
+    {
+        char folder[PATH_MAX] = ".";
+        if (const size_t length = folderLength(); length > 0) {
+            std::memcpy(folder, path_, length);
+            folder[length] = '\0';
+        }
+        return Descriptor{::open(folder, O_RDONLY | O_DIRECTORY | O_CLOEXEC)};
+    }
+
+private:
+    [[nodiscard]] size_t folderLength() const { return static_cast<size_t>(name() - path_); }
+
+    bool followLink()
+    {
+        char link[PATH_MAX];
+        const ssize_t length = ::readlink(path_, link, sizeof link);
+        if (length <= 0) return false;
+        const size_t keep = link[0] == '/' ? 0 : folderLength();
+        const auto size = static_cast<size_t>(length);
+        if (keep + size >= sizeof path_) return false;
+        std::memcpy(path_ + keep, link, size);
+        path_[keep + size] = '\0';
+        return true;
+    }
+
+    char path_[PATH_MAX];
+    struct stat status_ {};
+    bool valid_ = false;
+    bool exists_ = false;
+};
+
+/// The temporary file of a save. There is one name for each configuration file, so that a killed
+/// save leaves at most one behind; savers of the same file take turns by a lock on it, which the
+/// kernel drops with its holder.
+class Temporary {
+public:
+    Temporary(int folder, const char *target) : folder_(folder)
+    {
+        const int length = std::snprintf(name_, sizeof name_, ".%s.new", target);
+        if (length <= 0 || static_cast<size_t>(length) >= sizeof name_) return;
+
+        constexpr int kMostTurns = 100000;
+        for (int turn = 0; turn < kMostTurns; ++turn) {
+            Descriptor file{open()};
+            if (!file) {
+                if (errno == EINTR || discardForeign()) continue;
+                return;
+            }
+            if (uninterrupted([&] { return ::flock(file.number(), LOCK_EX); }) != 0) return;
+            switch (inspect(file.number())) {
+            case State::fresh: file_ = file.release(); return;
+            case State::replaced: continue; // a saver before us renamed it to its place
+            case State::leftOver:
+                if (::unlinkat(folder_, name_, 0) != 0) return;
+                continue;
+            case State::unknown: return;
+            }
+        }
+    }
+    ~Temporary()
+    {
+        if (file_ < 0) return;
+        if (!renamed_) ::unlinkat(folder_, name_, 0);
+        ::close(file_);
+    }
+    Temporary(const Temporary &) = delete;
+    Temporary &operator=(const Temporary &) = delete;
+
+    explicit operator bool() const { return file_ >= 0; }
+    [[nodiscard]] int number() const { return file_; }
+
+    bool adopt(const Target &target) const
+    {
+        const mode_t mode = target.exists() ? target.status().st_mode & 07777 : 0600;
+        const uid_t user = target.exists() ? target.status().st_uid : status_.st_uid;
+        const gid_t group = target.exists() ? target.status().st_gid : status_.st_gid;
+        if ((user != status_.st_uid || group != status_.st_gid) &&
+            ::fchown(file_, user, group) != 0)
+            return false;
+        return mode == (status_.st_mode & 07777) || ::fchmod(file_, mode) == 0;
+    }
+
+    bool renameTo(const char *target)
+    {
+        renamed_ = ::renameat(folder_, name_, folder_, target) == 0;
+        return renamed_;
+    }
+
+private:
+    enum class State { fresh, replaced, leftOver, unknown };
+
+    int open() const
+    {
+        return ::openat(folder_, name_, O_WRONLY | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK,
+                        0600);
+    }
+
+    /// Removes what stands under our name and can't be opened: another user's left-over, a link.
+    bool discardForeign() const
+    {
+        const bool inTheWay = errno == EACCES || errno == ELOOP || errno == ENXIO || errno == EPERM;
+        return inTheWay && ::unlinkat(folder_, name_, 0) == 0;
+    }
+
+    /// What was opened and locked. Only an empty file of our own that nobody else can have open
+    /// for reading is written to; a killed save's left-over gives way to a new one.
+    State inspect(int file)
+    {
+        struct stat named {};
+        if (::fstat(file, &status_) != 0) return State::unknown;
+        if (::fstatat(folder_, name_, &named, AT_SYMLINK_NOFOLLOW) != 0)
+            return errno == ENOENT ? State::replaced : State::unknown;
+        if (named.st_ino != status_.st_ino || named.st_dev != status_.st_dev)
+            return State::replaced;
+        const bool fresh = S_ISREG(status_.st_mode) && status_.st_size == 0 &&
+                           status_.st_nlink == 1 && status_.st_uid == ::geteuid() &&
+                           (status_.st_mode & 077) == 0;
+        return fresh ? State::fresh : State::leftOver;
+    }
+
+    int folder_;
+    int file_ = -1;
+    bool renamed_ = false;
+    struct stat status_ {};
+    char name_[NAME_MAX + 1];
+};
+
+bool holds(const char *path, std::string_view bytes)
+{
+    const ReadFile now = readFile(path, 0);
+    const bool same = now.block != nullptr && now.size == bytes.size() &&
+                      std::memcmp(now.block, bytes.data(), bytes.size()) == 0;
+    std::free(now.block);
+    return same;
+}
+
+/// Makes the folder's new entry durable. A file system that can't sync folders has no need to.
+bool syncFolder(int folder)
+{
+    return uninterrupted([&] { return ::fsync(folder); }) == 0 || errno == EINVAL;
+}
+
+} // namespace
+
+FileState::FileState(const struct stat &from)
+    : device(from.st_dev), inode(from.st_ino), size(from.st_size), modified(from.st_mtim),
+      changed(from.st_ctim)
+{
+}
+
+bool FileState::operator==(const FileState &other) const
+{
+    return device == other.device && inode == other.inode && size == other.size &&
+           sameTime(modified, other.modified) && sameTime(changed, other.changed);
+}
+
+ReadFile readFile(const char *path, size_t front)
+{
+    // Without O_NONBLOCK, a FIFO in the file's place would hold the caller for ever.
+    const Descriptor file{
+        uninterrupted([&] { return ::open(path, O_RDONLY | O_CLOEXEC | O_NONBLOCK); })};
+    struct stat status {};
+    if (!file || ::fstat(file.number(), &status) != 0) return {};
+    if (!S_ISREG(status.st_mode) || status.st_size > static_cast<off_t>(kMaxText)) return {};
+
+    const auto size = static_cast<size_t>(status.st_size);
+    auto *block = static_cast<char *>(std::malloc(front + size + 1));
+    if (block == nullptr) return {};
+    const ssize_t got = readWhole(file.number(), block + front, size);
+    if (got < 0) {
+        std::free(block);
+        return {};
+    }
+    return {block, static_cast<size_t>(got), FileState{status}};
+}
+
+int32_t replaceFile(const char *path, std::string_view bytes, const FileState *unchanged)
+{
+    if (bytes.size() > kMaxText) return -1;
+    const Target target{path};
+    if (!target.valid()) return -1;
+    if (target.exists()) {
+        const FileState now{target.status()};
+        if (unchanged != nullptr && *unchanged == now) return 0;
+        const bool sameSize = target.status().st_size == static_cast<off_t>(bytes.size());
+        if (sameSize && holds(target.path(), bytes)) return 0;
+        if (::faccessat(AT_FDCWD, target.path(), W_OK, AT_EACCESS) != 0) return -1;
+    }
+
+    const Descriptor folder = target.openFolder();
+    if (!folder) return -1;
+    Temporary temporary{folder.number(), target.name()};
+    if (!temporary || !writeWhole(temporary.number(), bytes) || !temporary.adopt(target)) return -1;
+    if (uninterrupted([&] { return ::fsync(temporary.number()); }) != 0) return -1;
+    if (!temporary.renameTo(target.name())) return -1;
+    return syncFolder(folder.number()) ? 0 : -1;
+}
+
+} // namespace oru
