@@ -1,0 +1,265 @@
+#include "support/standin.hpp"
+
+#include "oruAsf.h"
+
+#include <cerrno>
+#include <cstdarg>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <dlfcn.h>
+#include <net/if.h>
+#include <sys/ioctl.h>
+#include <sys/socket.h>
+
+namespace oru::test {
+
+StandIn &StandIn::get()
+{
+    static StandIn one;
+    return one;
+}
+
+void StandIn::reset()
+{
+    *this = StandIn{};
+}
+
+void StandIn::failAt(int n, int32_t status)
+{
+    countdown_ = n;
+    status_ = status;
+    failed_.clear();
+}
+
+bool StandIn::fails(const std::string &call, const std::string &about)
+{
+    calls.push_back(about.empty() ? call : call + " " + about);
+    if (!only_.empty() && only_ != call) return false;
+    if (countdown_ == 0 || --countdown_ > 0) return false;
+    failed_ = call;
+    return true;
+}
+
+std::vector<std::string> StandIn::logTexts() const
+{
+    std::vector<std::string> texts;
+    for (const LogLine &line : logs) texts.push_back(line.text);
+    return texts;
+}
+
+/// The operations' way to the stand-in's private parts.
+struct Operations {
+    static StandIn &self() { return StandIn::get(); }
+    static bool fails(const char *call, const char *about = nullptr)
+    {
+        return self().fails(call, about == nullptr ? "" : about);
+    }
+    static int32_t status() { return self().status_; }
+    static int &dicts() { return self().dicts_; }
+    static int &connections() { return self().connections_; }
+    static int &elements() { return self().elements_; }
+    static int &sockets() { return self().sockets_; }
+    static Sent &peer() { return self().peer_; }
+    static std::vector<Sent> &sent() { return self().sent_; }
+    static std::optional<Bytes> &reply() { return self().reply_; }
+    static std::vector<uint32_t> &waits() { return self().waits_; }
+    static std::vector<uint32_t> &rooms() { return self().rooms_; }
+};
+
+namespace {
+
+/// The operation that comes after ours.
+template <class Function>
+Function *real(const char *name)
+{
+    void *found = ::dlsym(RTLD_NEXT, name);
+    if (found == nullptr) std::abort();
+    return reinterpret_cast<Function *>(found);
+}
+
+} // namespace
+} // namespace oru::test
+
+using namespace oru::test;
+
+extern "C" {
+
+// ---- Dictionaries: the real ones, unless told to fail
+
+int32_t oruAsfDictCreate(OruAsfDict **dict, const char *path)
+{
+    if (Operations::fails("oruAsfDictCreate", path)) return Operations::status();
+    const int32_t status = real<decltype(oruAsfDictCreate)>("oruAsfDictCreate")(dict, path);
+    if (status == 0) ++Operations::dicts();
+    return status;
+}
+
+int32_t oruAsfDictGetInt(OruAsfDict *dict, const char *key, int32_t *value, int32_t flag)
+{
+    if (Operations::fails("oruAsfDictGetInt",
+                          (std::string{key} + (flag != 0 ? " flag" : "")).c_str()))
+        return Operations::status();
+    return real<decltype(oruAsfDictGetInt)>("oruAsfDictGetInt")(dict, key, value, flag);
+}
+
+int32_t oruAsfDictGetBool(OruAsfDict *dict, const char *key, int32_t *value, int32_t flag)
+{
+    if (Operations::fails("oruAsfDictGetBool", key)) return Operations::status();
+    return real<decltype(oruAsfDictGetBool)>("oruAsfDictGetBool")(dict, key, value, flag);
+}
+
+int32_t oruAsfDictGetString(OruAsfDict *dict, const char *key, const char **value, int32_t flag)
+{
+    if (Operations::fails("oruAsfDictGetString", key)) return Operations::status();
+    return real<decltype(oruAsfDictGetString)>("oruAsfDictGetString")(dict, key, value, flag);
+}
+
+int32_t oruAsfDictGetDelimitedString(OruAsfDict *dict, const char *key, const char **value,
+                                     int32_t flag)
+{
+    if (Operations::fails("oruAsfDictGetDelimitedString", key)) return Operations::status();
+    return real<decltype(oruAsfDictGetDelimitedString)>("oruAsfDictGetDelimitedString")(
+        dict, key, value, flag);
+}
+
+int32_t oruAsfDictSetString(OruAsfDict *dict, const char *key, const char *value)
+{
+    if (Operations::fails("oruAsfDictSetString", key)) return Operations::status();
+    return real<decltype(oruAsfDictSetString)>("oruAsfDictSetString")(dict, key, value);
+}
+
+int32_t oruAsfDictSetDelimitedString(OruAsfDict *dict, const char *key, const char *value)
+{
+    if (Operations::fails("oruAsfDictSetDelimitedString", key)) return Operations::status();
+    return real<decltype(oruAsfDictSetDelimitedString)>("oruAsfDictSetDelimitedString")(dict, key,
+                                                                                        value);
+}
+
+int32_t oruAsfDictSave(OruAsfDict *dict, const char *path)
+{
+    if (Operations::fails("oruAsfDictSave", path)) return Operations::status();
+    return real<decltype(oruAsfDictSave)>("oruAsfDictSave")(dict, path);
+}
+
+void oruAsfDictFree(OruAsfDict *dict)
+{
+    --Operations::dicts();
+    real<decltype(oruAsfDictFree)>("oruAsfDictFree")(dict);
+}
+
+// ---- Messages: answered by the test
+
+OruAsfIpc *oruAsfIpcOpen(int32_t family, int32_t type, int32_t protocol)
+{
+    if (Operations::fails("oruAsfIpcOpen")) return nullptr;
+    if (family != 2 || type != 1 || protocol != 0) std::abort();
+    ++Operations::connections();
+    return reinterpret_cast<OruAsfIpc *>(&Operations::peer());
+}
+
+int32_t oruAsfIpcConnect(OruAsfIpc *, const char *host, uint32_t port, uint32_t version)
+{
+    if (Operations::fails("oruAsfIpcConnect", std::to_string(port).c_str())) return -1;
+    Operations::peer() = {host, port, version, {}};
+    return 0;
+}
+
+int32_t oruAsfIpcSend(OruAsfIpc *, const void *message, uint32_t length)
+{
+    if (Operations::fails("oruAsfIpcSend")) return -1;
+    const auto *bytes = static_cast<const uint8_t *>(message);
+    Operations::peer().message.assign(bytes, bytes + length);
+    Operations::sent().push_back(Operations::peer());
+    return static_cast<int32_t>(length);
+}
+
+int32_t oruAsfIpcCheck(OruAsfIpc *, uint32_t waitMs)
+{
+    Operations::waits().push_back(waitMs);
+    if (Operations::fails("oruAsfIpcCheck")) return 0;
+    return Operations::reply().has_value() ? 1 : 0;
+}
+
+int32_t oruAsfIpcRecv(OruAsfIpc *, void *buffer, uint32_t size)
+{
+    Operations::rooms().push_back(size);
+    if (Operations::fails("oruAsfIpcRecv")) return 0;
+    const Bytes &reply = *Operations::reply();
+    const size_t length = std::min<size_t>(reply.size(), size);
+    std::memcpy(buffer, reply.data(), length);
+    return static_cast<int32_t>(length);
+}
+
+void oruAsfIpcClose(OruAsfIpc *)
+{
+    Operations::self().calls.emplace_back("oruAsfIpcClose");
+    --Operations::connections();
+}
+
+OruAsfTtlv *oruAsfGetStructTtlv(const uint8_t *at, uint32_t *consumed)
+{
+    if (Operations::fails("oruAsfGetStructTtlv")) return *consumed = 0, nullptr;
+    // A copy of exactly the bytes that remain lets the sanitizers see a read behind them.
+    const Bytes rest(at, at + *consumed);
+    OruAsfTtlv *element =
+        real<decltype(oruAsfGetStructTtlv)>("oruAsfGetStructTtlv")(rest.data(), consumed);
+    if (element != nullptr) ++Operations::elements();
+    return element;
+}
+
+void oruAsfFreeStructTtlv(OruAsfTtlv *element)
+{
+    --Operations::elements();
+    real<decltype(oruAsfFreeStructTtlv)>("oruAsfFreeStructTtlv")(element);
+}
+
+// ---- Logging: caught
+
+void oruAsfLogMsg(int32_t level, const char *source, int32_t line, int32_t zero, const char *format,
+                  ...)
+{
+    char text[32768];
+    va_list values;
+    va_start(values, format);
+    std::vsnprintf(text, sizeof text, format, values);
+    va_end(values);
+    Operations::self().logs.push_back({level, source, line, zero, format, text});
+}
+
+// ---- The platform
+
+int system(const char *command)
+{
+    Operations::self().commands.emplace_back(command);
+    if (Operations::fails("system")) return 256;
+    return Operations::self().runCommands ? real<decltype(system)>("system")(command) : 0;
+}
+
+int socket(int domain, int type, int protocol) noexcept
+{
+    if (domain != AF_INET) return real<decltype(socket)>("socket")(domain, type, protocol);
+    if (Operations::fails("socket")) return errno = EMFILE, -1;
+    ++Operations::sockets();
+    return real<decltype(socket)>("socket")(domain, type, protocol);
+}
+
+int ioctl(int descriptor, unsigned long request, ...) noexcept
+{
+    va_list values;
+    va_start(values, request);
+    void *argument = va_arg(values, void *);
+    va_end(values);
+    if (request != SIOCDEVPRIVATE)
+        return real<decltype(ioctl)>("ioctl")(descriptor, request, argument);
+
+    const auto *about = static_cast<const ifreq *>(argument);
+    Ioctl seen{request, about->ifr_name, {}};
+    std::memcpy(seen.words, about->ifr_data, sizeof seen.words);
+    Operations::self().ioctls.push_back(seen);
+    if (Operations::fails("ioctl")) return errno = EIO, -1;
+    if (Operations::self().ioctlError != 0) return errno = Operations::self().ioctlError, -1;
+    return 0;
+}
+
+} // extern "C"
