@@ -1,0 +1,28 @@
+#!/bin/sh
+# check_install.sh SOURCES WORK: the two libraries build with a compiler and CMake alone, install under a
+# prefix of choice, and are found there by find_package() and pkg-config, from C and from C++.
+set -eu
+sources=$1 work=$2
+rm -rf "$work"
+mkdir -p "$work"
+
+cmake -S "$sources" -B "$work/build" -DORU_TOOLS=OFF -DORU_TESTS=OFF -DORU_BENCH=OFF
+cmake --build "$work/build" --parallel 2
+cmake --install "$work/build" --prefix "$work/prefix"
+# Moved, to see that nothing depends on where it was installed.
+mv "$work/prefix" "$work/moved"
+
+cmake -S "$sources/tests/install/consumer" -B "$work/consumer" -DCMAKE_PREFIX_PATH="$work/moved"
+cmake --build "$work/consumer"
+export ORU_LOG=none
+"$work/consumer/consumer_c"
+"$work/consumer/consumer_cpp"
+
+if command -v pkg-config >/dev/null; then
+    PKG_CONFIG_PATH=$(dirname "$(find "$work/moved" -name oruSdk.pc)")
+    export PKG_CONFIG_PATH
+    # shellcheck disable=SC2046 # words on purpose
+    cc "$sources/tests/install/consumer/consumer.c" -o "$work/by-pkg-config" \
+        $(pkg-config --cflags --libs oruSdk)
+    LD_LIBRARY_PATH=$(pkg-config --variable=libdir oruSdk) "$work/by-pkg-config"
+fi

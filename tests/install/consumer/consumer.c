@@ -1,0 +1,12 @@
+/* Reads and changes a setting: exits 0 when the library answers as it should. */
+#include <oruSdk.h>
+#include <stdio.h>
+#include <string.h>
+
+int main(void)
+{
+    OruSdkFeatureParam param = {0, 0, 2};
+    uint32_t code = oruSdkSetMimo(&param);
+    printf("%s: %u %s\n", oruSdkGetVersion(), code, oruSdkRcStr[code]);
+    return code == ORUSDK_RC_OPTION && strcmp(oruSdkGetVersion(), "5.0.600.16") == 0 ? 0 : 1;
+}
