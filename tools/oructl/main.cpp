@@ -28,9 +28,9 @@ struct Options {
     const char *unknown = nullptr; ///< the first that is none
 };
 
-bool isNegativeNumber(const char *word)
+bool isNegativeNumber(std::string_view word)
 {
-    return word[0] == '-' && word[1] >= '0' && word[1] <= '9';
+    return word.size() > 1 && word[0] == '-' && word[1] >= '0' && word[1] <= '9';
 }
 
 /// Reads the options behind words[0], up to the first operand, and returns where that stands.

@@ -39,6 +39,7 @@ std::vector<std::string_view> nearest(std::string_view typed,
                      [](const auto &a, const auto &b) { return a.first < b.first; });
     if (near.size() > kMost) near.resize(kMost);
     std::vector<std::string_view> names;
+    names.reserve(near.size());
     for (const auto &[distance, name] : near) names.push_back(name);
     return names;
 }

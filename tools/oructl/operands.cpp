@@ -82,11 +82,12 @@ std::string operandSynopsis(const Item &item, Use verb)
     if (verb != Use::Set) return out;
     for (const Field &field : item.fields) {
         if (!field.belongsTo(Use::Set)) continue;
-        std::string name;
+        std::string name = field.kind == Kind::Number ? operandName(field) : "";
         for (const Word &word : field.words) name.append(name.empty() ? "" : "|").append(word.word);
         if (name.empty()) name = operandName(field);
-        if (field.kind == Kind::List) name = '[' + name + "...]";
-        if (!field.option.empty()) name = "[--" + std::string{field.option} + ' ' + name + ']';
+        if (field.kind == Kind::List) name.insert(0, "[").append("...]");
+        if (!field.option.empty())
+            name.insert(0, " ").insert(0, field.option).insert(0, "[--").append("]");
         out.append(out.empty() ? "" : " ").append(name);
     }
     return out;

@@ -62,6 +62,7 @@ std::string textValue(const Item &item, const Call &call)
 std::string textList(const std::vector<const Item *> &items)
 {
     std::vector<Row> rows;
+    rows.reserve(items.size());
     for (const Item *item : items) rows.push_back(listRow(*item));
     std::array<size_t, std::tuple_size_v<Row>> widths{};
     for (const Row &row : rows)

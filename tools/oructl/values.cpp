@@ -58,7 +58,7 @@ std::string parseEntry(const Field &list, std::string_view text, std::vector<Val
         const bool last = i + 1 == list.entry.size();
         const size_t comma = last ? text.npos : text.find(',');
         if (!last && comma == text.npos) return quoted(text) + " is no whole entry";
-        const std::string problem =
+        std::string problem =
             parseValue(list.entry[i], text.substr(0, comma), entry.emplace_back());
         if (!problem.empty()) return problem;
         if (!last) text.remove_prefix(comma + 1);
@@ -133,8 +133,9 @@ std::string legalValues(const Field &field)
 {
     const std::string_view separator = field.unit.empty() ? "" : " ";
     std::vector<std::string_view> names;
+    names.reserve(field.words.size());
     for (const Word &word : field.words) names.push_back(word.word);
-    const std::string words = alternatives(names);
+    std::string words = alternatives(names);
     switch (field.kind) {
     case Kind::Switch:
     case Kind::Choice: return words;
