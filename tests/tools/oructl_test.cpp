@@ -410,7 +410,7 @@ TEST_F(Oructl, AClosedStandardOutputIsAFailureAndHarmsNoFile)
 
 TEST_F(Oructl, AClosedStandardOutputIsHeldSoThatNoOtherFileTakesItsNumber)
 {
-    standIn("cp", R"(readlink /proc/$$/fd/1 > "$ORU_ROOT/held")");
+    standIn("cp", R"(held=$(readlink /proc/$$/fd/1); echo "$held" > "$ORU_ROOT/held")");
     EXPECT_EQ(run({"reset", "all"}, Stdout::Closed).exit, 0);
     EXPECT_EQ(read("/held"), "/dev/null\n");
 }

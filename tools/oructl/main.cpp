@@ -39,7 +39,7 @@ int parseOptions(int count, char **words, Options &options, bool &json)
     ::opterr = 0;
     ::optind = 0; // a new scan
     int next = 1;
-    while (next < count && !options.complete && !isNegativeNumber(words[next])) {
+    while (words[next] != nullptr && !options.complete && !isNegativeNumber(words[next])) {
         const int id = ::getopt_long(count, words, "+", kOptions, nullptr);
         if (id == -1) return ::optind;
         switch (id) {
