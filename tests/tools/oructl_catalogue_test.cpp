@@ -1,0 +1,181 @@
+// The catalogue as a whole: complete, unique, documented, and each row wired to its own key.
+#include "catalogue.hpp"
+#include "items.hpp"
+#include "request.hpp"
+#include "tools/oructl_run.hpp"
+#include "values.hpp"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <iterator>
+#include <map>
+#include <set>
+
+using namespace oru::test;
+using namespace oructl;
+
+namespace {
+
+/// Exported operations that no item covers, and what does.
+const std::map<std::string, std::string> kWithoutItem = {
+    {"oruSdkGetVersion", "version"},       {"oruSdkCommitAll", "commit all"},
+    {"oruSdkCommitRadio", "commit radio"}, {"oruSdkResetToDefaults", "reset all"},
+    {"oruSdkResetToBss", "reset bss"},
+};
+
+std::set<std::string> exportedOperations()
+{
+    std::set<std::string> names;
+    FILE *symbols = ::popen("nm -D --defined-only " ORUSDK, "r");
+    if (symbols == nullptr) return names;
+    char kind = 0;
+    char name[256];
+    while (std::fscanf(symbols, "%*s %c %255s", &kind, name) == 2)
+        if (kind == 'T') names.insert(name);
+    ::pclose(symbols);
+    return names;
+}
+
+std::vector<std::string> difference(const std::set<std::string> &of,
+                                    const std::set<std::string> &without)
+{
+    std::vector<std::string> rest;
+    std::set_difference(of.begin(), of.end(), without.begin(), without.end(),
+                        std::back_inserter(rest));
+    return rest;
+}
+
+std::string keyOf(const Item &item, int64_t index)
+{
+    std::string key{item.keys};
+    if (const size_t at = key.find("%d"); at != key.npos) key.replace(at, 2, std::to_string(index));
+    return key;
+}
+
+TEST(Catalogue, NamesAreUniqueAndKebabCase)
+{
+    std::set<std::string_view> names;
+    for (const Verb &verb : verbs()) EXPECT_TRUE(names.insert(verb.name).second) << verb.name;
+    forEachItem([&](const Item &item) {
+        EXPECT_TRUE(names.insert(item.name).second) << item.name;
+        EXPECT_EQ(findItem(item.name), &item);
+        EXPECT_EQ(item.name.find_first_not_of("abcdefghijklmnopqrstuvwxyz0123456789-"),
+                  item.name.npos)
+            << item.name;
+    });
+    EXPECT_EQ(findItem("no-such-item"), nullptr);
+    EXPECT_EQ(findItem(""), nullptr);
+}
+
+TEST(Catalogue, EveryItemIsDescribed)
+{
+    forEachItem([](const Item &item) {
+        SCOPED_TRACE(item.name);
+        EXPECT_FALSE(item.summary.empty());
+        EXPECT_FALSE(item.operations.empty());
+        EXPECT_TRUE(item.get != nullptr || item.set != nullptr);
+        EXPECT_FALSE(item.fields.empty());
+        EXPECT_EQ(item.keys.empty(), item.files.empty());
+        for (const Field &field : item.fields) {
+            EXPECT_TRUE(!field.name.empty() || item.fields.size() == 1) << "fields have names";
+            EXPECT_LE(field.bounds.min, field.bounds.max);
+            EXPECT_EQ(field.kind == Kind::List, !field.entry.empty());
+            const bool named = field.kind == Kind::Switch || field.kind == Kind::Choice;
+            EXPECT_TRUE(!named || !field.words.empty());
+        }
+    });
+}
+
+TEST(Catalogue, ListsAndOptionsDoNotMeetInOneItem)
+{
+    forEachItem([](const Item &item) {
+        const auto has = [&](auto test) {
+            return std::any_of(item.fields.begin(), item.fields.end(), test);
+        };
+        const bool list = has([](const Field &f) {
+            return f.kind == Kind::List && f.belongsTo(Use::Set) && f.option.empty();
+        });
+        EXPECT_FALSE(list && has([](const Field &f) { return !f.option.empty(); })) << item.name;
+    });
+}
+
+TEST(Catalogue, EveryExportedOperationIsCoveredOnce)
+{
+    std::set<std::string> covered;
+    for (const auto &[name, verb] : kWithoutItem) covered.insert(name);
+    forEachItem([&](const Item &item) {
+        forEachWord(item.operations, [&](std::string_view name) {
+            EXPECT_TRUE(covered.insert(std::string{name}).second) << name << " of " << item.name;
+        });
+    });
+    const std::set<std::string> exported = exportedOperations();
+    EXPECT_THAT(difference(exported, covered), testing::IsEmpty()) << "exported, without an item";
+    EXPECT_THAT(difference(covered, exported), testing::IsEmpty()) << "named, but not exported";
+}
+
+/// A number that the item takes and that differs from what is stored.
+int64_t otherValue(const Field &field, int64_t stored)
+{
+    return stored == field.bounds.max ? field.bounds.min : field.bounds.max;
+}
+
+/// The rows of one number under one key of the radio file.
+class NumberRow : public OructlTest {
+protected:
+    template <class Visit>
+    static void forEachRow(Visit &&visit)
+    {
+        for (const auto family : {radioSwitches(), radioOptions()})
+            for (const Item &item : family)
+                for (const int64_t radio : {0, 1}) {
+                    SCOPED_TRACE(std::string{item.name} + ' ' + std::to_string(radio));
+                    visit(item, radio);
+                }
+    }
+
+    /// Sets another value, checks the file and a get, and sets the stored one again.
+    void setAndGet(const Item &item, int64_t radio) const
+    {
+        const Field &field = item.fields[0];
+        const std::string key = keyOf(item, radio);
+        const std::string before = read(kWsm);
+        const std::optional<std::string> stored = value(kWsm, key);
+        ASSERT_TRUE(stored.has_value()) << key;
+        const std::string number = std::to_string(otherValue(field, std::stoll(*stored)));
+        const std::string name{item.name};
+        const std::string index = std::to_string(radio);
+
+        ASSERT_EQ(run({"set", name, index, number}).exit, 0);
+        EXPECT_EQ(value(kWsm, key), number);
+        Value shown;
+        EXPECT_EQ(parseValue(field, number, shown), "");
+        EXPECT_EQ(run({"get", name, index}).out,
+                  name + '[' + index + "] = " + shownValue(field, shown) + '\n');
+        ASSERT_EQ(run({"set", name, index, *stored}).exit, 0);
+        EXPECT_EQ(read(kWsm), before) << "another key has changed";
+    }
+};
+
+TEST_F(NumberRow, ReadsAndWritesItsOwnKeyAlone)
+{
+    forEachRow([this](const Item &item, int64_t radio) { setAndGet(item, radio); });
+}
+
+TEST_F(NumberRow, HasTheBoundsOfTheLibrary)
+{
+    const std::string before = read(kWsm);
+    forEachRow([this](const Item &item, int64_t radio) {
+        const Bounds bounds = item.fields[0].bounds;
+        for (const int64_t number : {bounds.min - 1, bounds.max + 1}) {
+            const Transcript refused =
+                run({"set", std::string{item.name}, std::to_string(radio), std::to_string(number)});
+            EXPECT_EQ(refused.exit, 1) << number;
+            EXPECT_THAT(refused.err, testing::HasSubstr(": refused: ")) << number;
+        }
+    });
+    EXPECT_EQ(read(kWsm), before);
+}
+
+} // namespace

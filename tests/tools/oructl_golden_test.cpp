@@ -1,0 +1,100 @@
+// Transcripts of whole runs, one file a command. ORU_UPDATE_GOLDEN=1 writes them anew.
+#include "tools/oructl_run.hpp"
+
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
+
+using namespace oru::test;
+
+namespace {
+
+struct Command {
+    const char *file;
+    Arguments arguments;
+};
+
+const Command kCommands[] = {
+    {"no_verb", {}},
+    {"help", {"help"}},
+    {"help_json", {"--json", "help", "version"}},
+    {"help_get", {"help", "get"}},
+    {"help_set", {"help", "set"}},
+    {"help_commit", {"help", "commit"}},
+    {"help_reset", {"help", "reset"}},
+    {"help_list", {"help", "list"}},
+    {"help_explain", {"help", "explain"}},
+    {"help_version", {"help", "version"}},
+    {"help_help", {"help", "help"}},
+    {"help_item", {"help", "bss-width-trigger-scan-interval"}},
+    {"help_item_shared", {"help", "mimo"}},
+    {"get_switch", {"get", "mimo", "0"}},
+    {"get_switch_json", {"--json", "get", "mimo", "0"}},
+    {"get_choice", {"get", "preamble-type", "1"}},
+    {"get_number", {"get", "nwk-density-value", "0"}},
+    {"get_number_json", {"--json", "get", "nwk-density-value", "0"}},
+    {"get_wrong_radio", {"get", "mimo", "2"}},
+    {"get_wrong_radio_json", {"--json", "get", "mimo", "2"}},
+    {"get_unknown_item", {"get", "mpdu-densty", "0"}},
+    {"get_unknown_item_json", {"--json", "get", "mpdu-densty", "0"}},
+    {"set_switch", {"set", "mimo", "0", "off"}},
+    {"set_switch_json", {"--json", "set", "mimo", "0", "off"}},
+    {"set_refused", {"set", "tx-power", "0", "9"}},
+    {"set_refused_json", {"--json", "set", "tx-power", "0", "9"}},
+    {"set_no_number", {"set", "tx-power", "0", "1x"}},
+    {"set_no_number_json", {"--json", "set", "tx-power", "0", "1x"}},
+    {"commit", {"commit"}},
+    {"commit_json", {"--json", "commit", "radio"}},
+    {"commit_unknown", {"commit", "everything"}},
+    {"reset_all", {"reset", "all"}},
+    {"reset_all_json", {"--json", "reset", "all"}},
+    {"reset_bss_json", {"--json", "reset", "bss", "3"}},
+    {"reset_bss_refused", {"reset", "bss", "4"}},
+    {"list", {"list"}},
+    {"list_pattern", {"list", "density"}},
+    {"list_json", {"--json", "list", "tx-power-adj"}},
+    {"explain", {"explain", "7"}},
+    {"explain_0", {"explain", "0"}},
+    {"explain_97", {"explain", "97"}},
+    {"explain_120", {"explain", "120"}},
+    {"explain_121", {"explain", "121"}},
+    {"explain_122", {"explain", "122"}},
+    {"explain_json", {"--json", "explain", "121"}},
+    {"explain_unknown", {"explain", "-5"}},
+    {"explain_unknown_json", {"--json", "explain", "4294967296"}},
+    {"version", {"version"}},
+    {"version_json", {"--json", "version"}},
+    {"unknown_verb", {"gett", "mimo", "0"}},
+    {"unknown_option", {"--verbose", "get", "mimo", "0"}},
+};
+
+std::string textOf(const Command &command, const Transcript &run)
+{
+    std::string text = "$ oructl";
+    for (const std::string &argument : command.arguments) text += ' ' + argument;
+    return text + "\n--- exit " + std::to_string(run.exit) + "\n--- stdout\n" + run.out +
+           "--- stderr\n" + run.err;
+}
+
+class Golden : public OructlTest, public ::testing::WithParamInterface<Command> {};
+
+TEST_P(Golden, TranscriptIsTheStoredOne)
+{
+    const std::string path =
+        std::string(ORU_SOURCE_DIR "/tests/tools/golden/") + GetParam().file + ".txt";
+    const std::string text = textOf(GetParam(), run(GetParam().arguments));
+    if (std::getenv("ORU_UPDATE_GOLDEN") != nullptr) {
+        std::ofstream{path, std::ios::binary} << text;
+        return;
+    }
+    std::ifstream file(path, std::ios::binary);
+    ASSERT_TRUE(file) << path << " is missing";
+    std::ostringstream stored;
+    stored << file.rdbuf();
+    EXPECT_EQ(text, stored.str());
+}
+
+INSTANTIATE_TEST_SUITE_P(Oructl, Golden, ::testing::ValuesIn(kCommands),
+                         [](const auto &info) { return std::string(info.param.file); });
+
+} // namespace

@@ -1,0 +1,51 @@
+// Runs the real oructl against an access point's files in a folder of its own.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace oru::test {
+
+using Arguments = std::vector<std::string>;
+
+struct Transcript {
+    int exit = -1;
+    std::string out;
+    std::string err;
+};
+
+/// Where standard output goes.
+enum class Stdout { Pipe, Full, Closed };
+
+class OructlTest : public ::testing::Test {
+protected:
+    OructlTest();
+    ~OructlTest() override;
+
+    Transcript run(const Arguments &arguments, Stdout where = Stdout::Pipe) const;
+
+    [[nodiscard]] std::string read(const std::string &path) const;
+    void write(const std::string &path, const std::string &text) const;
+
+    /// Puts a shell script before the program of this name for the commands that the library runs.
+    void standIn(const std::string &program, const std::string &script) const;
+    void remove(const std::string &path) const;
+
+    /// The text behind "KEY=" of a file; none when the key is absent.
+    [[nodiscard]] std::optional<std::string> value(const std::string &path,
+                                                   const std::string &key) const;
+    void set(const std::string &path, const std::string &key, const std::string &value) const;
+
+    static constexpr const char *kWsm = "/var/wsmDefaults";
+    static constexpr const char *kAa = "/var/1x.conf";
+    static constexpr const char *kWsmFactory = "/var/wsmDefaults.orig";
+    static constexpr const char *kAaFactory = "/var/1x.conf.orig";
+
+private:
+    std::string root_;
+};
+
+} // namespace oru::test

@@ -1,0 +1,43 @@
+#include "catalogue.hpp"
+
+#include "items.hpp"
+
+namespace oructl {
+
+std::span<const std::span<const Item>> families()
+{
+    static const std::span<const Item> all[] = {radioSwitches(), radioOptions()};
+    return all;
+}
+
+const Item *findItem(std::string_view name)
+{
+    for (const auto family : families())
+        for (const Item &item : family)
+            if (item.name == name) return &item;
+    return nullptr;
+}
+
+std::string_view indexName(Scope scope)
+{
+    switch (scope) {
+    case Scope::None: break;
+    case Scope::Radio: return "RADIO";
+    case Scope::Bss: return "BSS";
+    case Scope::Port: return "PORT";
+    }
+    return "";
+}
+
+Bounds legalIndex(Scope scope)
+{
+    switch (scope) {
+    case Scope::None: break;
+    case Scope::Radio: return {0, 1};
+    case Scope::Bss: return {0, 3};
+    case Scope::Port: return {0, 1};
+    }
+    return {0, 0};
+}
+
+} // namespace oructl

@@ -1,0 +1,98 @@
+#include "complete.hpp"
+
+#include "request.hpp"
+
+namespace oructl {
+namespace {
+
+constexpr std::string_view kOptions = "--json --help --version";
+
+class Candidates {
+public:
+    void add(std::string_view candidate) { text_.append(candidate).append("\n"); }
+    void add(Bounds bounds)
+    {
+        for (int64_t number = bounds.min; number <= bounds.max; ++number)
+            add(std::to_string(number));
+    }
+    void addEach(std::string_view words)
+    {
+        forEachWord(words, [this](std::string_view word) { add(word); });
+    }
+    [[nodiscard]] const std::string &text() const { return text_; }
+
+private:
+    std::string text_;
+};
+
+void addItems(Candidates &out, Use verb)
+{
+    forEachItem([&](const Item &item) {
+        if (verb == Use::Both || (verb == Use::Get ? item.get != nullptr : item.set != nullptr))
+            out.add(item.name);
+    });
+}
+
+void addOperand(Candidates &out, const Item &item, Use verb, size_t count)
+{
+    if (item.scope != Scope::None) {
+        if (count == 0) return out.add(legalIndex(item.scope));
+        --count;
+    }
+    if (verb != Use::Set) return;
+    if (const Field *field = nextPositional(item, count); field != nullptr) {
+        for (const Word &word : field->words) out.add(word.word);
+        return;
+    }
+    for (const Field &field : item.fields)
+        if (!field.option.empty()) out.add("--" + std::string{field.option});
+}
+
+void addItemOperand(Candidates &out, Use verb, Words words)
+{
+    if (words.empty()) return addItems(out, verb);
+    if (const Item *item = findItem(words.front()); item != nullptr)
+        addOperand(out, *item, verb, words.size() - 1);
+}
+
+void addVerbOperand(Candidates &out, std::string_view verb, Words words)
+{
+    if (verb == "get") return addItemOperand(out, Use::Get, words);
+    if (verb == "set") return addItemOperand(out, Use::Set, words);
+    if (verb == "reset" && words.size() == 1 && std::string_view{words.front()} == "bss")
+        return out.add(legalIndex(Scope::Bss));
+    if (!words.empty()) return;
+    if (verb == "commit") out.addEach("radio all");
+    if (verb == "reset") out.addEach("all bss");
+    if (verb == "list" || verb == "help") addItems(out, Use::Both);
+    if (verb == "help")
+        for (const Verb &each : verbs()) out.add(each.name);
+}
+
+/// Drops the options that words begin with.
+Words withoutOptions(Words words)
+{
+    while (!words.empty() && std::string_view{words.front()}.starts_with("--"))
+        words = words.subspan(1);
+    return words;
+}
+
+} // namespace
+
+std::string completions(Words words)
+{
+    Candidates out;
+    words = withoutOptions(words);
+    if (words.empty()) {
+        for (const Verb &verb : verbs()) out.add(verb.name);
+        out.addEach(kOptions);
+        return out.text();
+    }
+    const std::string_view verb = words.front();
+    words = withoutOptions(words.subspan(1));
+    addVerbOperand(out, verb, words);
+    if (words.empty() && findVerb(verb) != nullptr) out.addEach("--json --help");
+    return out.text();
+}
+
+} // namespace oructl

@@ -1,0 +1,197 @@
+#include "json_output.hpp"
+
+#include "codes.hpp"
+#include "values.hpp"
+
+#include <nlohmann/json.hpp>
+
+namespace oructl {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+Json document()
+{
+    return Json{{"schema", "oructl/1"}};
+}
+
+/// Never throws: bytes that are no UTF-8 become U+FFFD.
+std::string line(const Json &object)
+{
+    return object.dump(-1, ' ', false, Json::error_handler_t::replace) + '\n';
+}
+
+Json wordOrNull(std::string_view text)
+{
+    return text.empty() ? Json(nullptr) : Json(text);
+}
+
+Json wordsOf(std::string_view words)
+{
+    Json list = Json::array();
+    forEachWord(words, [&](std::string_view word) { list.push_back(word); });
+    return list;
+}
+
+Json fieldsOf(std::span<const Field> fields, const std::vector<Value> &values);
+
+Json valueOf(const Field &field, const Value &value)
+{
+    if (!value.given) return nullptr;
+    switch (field.kind) {
+    case Kind::Number: return value.number;
+    case Kind::Switch:
+    case Kind::Choice:
+        return Json{{"word", wordOrNull(wordOf(field, value.number))}, {"number", value.number}};
+    case Kind::Text:
+    case Kind::Mac: return value.text;
+    case Kind::Secret: return value.text.empty() ? "" : "********";
+    case Kind::List: break;
+    }
+    Json list = Json::array();
+    for (const auto &entry : value.entries) list.push_back(fieldsOf(field.entry, entry));
+    return list;
+}
+
+/// The value itself of a single field without a name, an object of several.
+Json fieldsOf(std::span<const Field> fields, const std::vector<Value> &values)
+{
+    if (fields.size() == 1 && fields[0].name.empty()) return valueOf(fields[0], values[0]);
+    Json object = Json::object();
+    for (size_t i = 0; i < fields.size(); ++i)
+        if (fields[i].belongsTo(Use::Get))
+            object[std::string{fields[i].name}] = valueOf(fields[i], values[i]);
+    return object;
+}
+
+Json itemDocument(const Item &item, const Call &call)
+{
+    Json object = document();
+    object["item"] = item.name;
+    object["index"] = item.scope == Scope::None ? Json(nullptr) : Json(call.index);
+    return object;
+}
+
+std::string_view kindName(Kind kind)
+{
+    switch (kind) {
+    case Kind::Number: return "number";
+    case Kind::Switch: return "switch";
+    case Kind::Choice: return "choice";
+    case Kind::Text: return "text";
+    case Kind::Secret: return "secret";
+    case Kind::Mac: return "mac";
+    case Kind::List: break;
+    }
+    return "list";
+}
+
+std::string_view scopeName(Scope scope)
+{
+    switch (scope) {
+    case Scope::None: break;
+    case Scope::Radio: return "radio";
+    case Scope::Bss: return "bss";
+    case Scope::Port: return "port";
+    }
+    return "none";
+}
+
+Json describe(std::span<const Field> fields)
+{
+    Json list = Json::array();
+    for (const Field &field : fields) {
+        Json object{{"name", wordOrNull(field.name)}, {"kind", kindName(field.kind)},
+                    {"min", field.bounds.min},        {"max", field.bounds.max},
+                    {"unit", wordOrNull(field.unit)}, {"option", wordOrNull(field.option)}};
+        object["words"] = Json::array();
+        for (const Word &word : field.words)
+            object["words"].push_back(Json{{"word", word.word}, {"number", word.number}});
+        if (!field.entry.empty()) object["entry"] = describe(field.entry);
+        list.push_back(std::move(object));
+    }
+    return list;
+}
+
+Json describe(const Item &item)
+{
+    return Json{{"item", item.name},
+                {"summary", item.summary},
+                {"scope", scopeName(item.scope)},
+                {"get", item.get != nullptr},
+                {"set", item.set != nullptr},
+                {"fields", describe(item.fields)},
+                {"keys", wordsOf(item.keys)},
+                {"files", wordsOf(item.files)},
+                {"operations", wordsOf(item.operations)}};
+}
+
+} // namespace
+
+std::string jsonValue(const Item &item, const Call &call)
+{
+    Json object = itemDocument(item, call);
+    object["value"] = fieldsOf(item.fields, call.values);
+    return line(object);
+}
+
+std::string jsonSet(const Item &item, const Call &call)
+{
+    Json object = itemDocument(item, call);
+    object["set"] = true;
+    return line(object);
+}
+
+std::string jsonAction(std::string_view verb, std::string_view target, std::optional<int64_t> index)
+{
+    Json object = document();
+    object[std::string{verb}] = target;
+    if (index) object["index"] = *index;
+    return line(object);
+}
+
+std::string jsonList(const std::vector<const Item *> &items)
+{
+    Json object = document();
+    object["items"] = Json::array();
+    for (const Item *item : items) object["items"].push_back(describe(*item));
+    return line(object);
+}
+
+std::string jsonExplanation(int64_t code)
+{
+    Json object = document();
+    object["code"] = code;
+    object["message"] = wordOrNull(tableMessage(code));
+    object["meaning"] = codeMeaning(code);
+    return line(object);
+}
+
+std::string jsonVersions(std::string_view tool, std::string_view library)
+{
+    Json object = document();
+    object["oructl"] = tool;
+    object["library"] = library;
+    return line(object);
+}
+
+std::string jsonHelp(std::string_view topic, std::string_view text)
+{
+    Json object = document();
+    object["topic"] = wordOrNull(topic);
+    object["text"] = text;
+    return line(object);
+}
+
+std::string jsonError(const Problem &problem)
+{
+    Json object = document();
+    object["error"] = Json{{"kind", problem.kind},
+                           {"attempt", wordOrNull(problem.attempt)},
+                           {"code", problem.code ? Json(*problem.code) : Json(nullptr)},
+                           {"message", problem.message},
+                           {"detail", wordOrNull(problem.detail)}};
+    return line(object);
+}
+
+} // namespace oructl

@@ -1,0 +1,26 @@
+// The output of each verb as one line of JSON. docs/oructl-json.md describes the objects.
+#pragma once
+
+#include "catalogue.hpp"
+#include "request.hpp"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace oructl {
+
+std::string jsonValue(const Item &item, const Call &call);
+std::string jsonSet(const Item &item, const Call &call);
+
+/// What commit and reset have done: {"reset":"bss","index":1}.
+std::string jsonAction(std::string_view verb, std::string_view target,
+                       std::optional<int64_t> index = {});
+std::string jsonList(const std::vector<const Item *> &items);
+std::string jsonExplanation(int64_t code);
+std::string jsonVersions(std::string_view tool, std::string_view library);
+std::string jsonHelp(std::string_view topic, std::string_view text);
+std::string jsonError(const Problem &problem);
+
+} // namespace oructl

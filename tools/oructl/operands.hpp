@@ -1,0 +1,27 @@
+// The operands of get and set, from words to a call.
+#pragma once
+
+#include "catalogue.hpp"
+
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace oructl {
+
+using Words = std::span<const char *const>;
+
+/// Reads INDEX and, for a set, the values and options behind it. Returns what is wrong, or an empty
+/// text.
+std::string parseOperands(const Item &item, Use verb, Words words, Call &call);
+
+/// What stands behind the item's name on a command line: "RADIO on|off".
+std::string operandSynopsis(const Item &item, Use verb);
+
+/// How a field is called in messages, its value on a command line: "fragment", "VALUE".
+std::string operandName(const Field &field);
+
+/// The field that takes the next value behind `count` given ones; NULL when none does.
+const Field *nextPositional(const Item &item, size_t count);
+
+} // namespace oructl

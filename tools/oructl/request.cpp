@@ -1,0 +1,79 @@
+#include "request.hpp"
+
+#include "json_output.hpp"
+#include "nearest.hpp"
+#include "values.hpp"
+
+#include <cstdio>
+
+namespace oructl {
+namespace {
+
+int exitStatus(const Problem &problem)
+{
+    return problem.kind == "usage" ? kWrongUsage : kFailed;
+}
+
+std::string problemLine(const Problem &problem)
+{
+    std::string line = "oructl: ";
+    if (!problem.attempt.empty()) line.append(problem.attempt).append(": ");
+    if (problem.code) line.append(problem.kind).append(": ");
+    line.append(problem.message);
+    if (problem.code) line.append(" (code ").append(std::to_string(*problem.code)).append(")");
+    if (!problem.detail.empty()) line.append("; ").append(problem.detail);
+    return line.append("\n");
+}
+
+} // namespace
+
+int report(Request &request, const Problem &problem)
+{
+    if (request.json) request.output = jsonError(problem);
+    else std::fputs(problemLine(problem).c_str(), stderr);
+    return exitStatus(problem);
+}
+
+int reportUsage(Request &request, const std::string &message, const Item *item)
+{
+    Problem problem{.kind = "usage", .message = message};
+    if (request.verb != nullptr) problem.attempt = request.verb->name;
+    if (item != nullptr) problem.attempt.append(" ").append(item->name);
+    const int status = report(request, problem);
+    if (!request.json) std::fprintf(stderr, "usage: %s\n", usageOf(request.verb, item).c_str());
+    return status;
+}
+
+int reportUnknown(Request &request, std::string_view what, std::string_view typed,
+                  const std::vector<std::string_view> &names)
+{
+    std::string message = "no ";
+    message.append(what).append(" is called ").append(quoted(typed));
+    const auto near = nearest(typed, names);
+    if (!near.empty()) message.append("; did you mean ").append(alternatives(near)).append("?");
+    return reportUsage(request, message);
+}
+
+std::string usageOf(const Verb *verb, const Item *item)
+{
+    std::string usage = "oructl [--json] ";
+    if (verb == nullptr) return usage.append("VERB [ITEM] [INDEX] [VALUE...]");
+    usage.append(verb->name);
+    if (item == nullptr) {
+        if (!verb->operands.empty()) usage.append(" ").append(verb->operands);
+        return usage;
+    }
+    const std::string operands = operandSynopsis(*item, verb->name == "set" ? Use::Set : Use::Get);
+    usage.append(" ").append(item->name);
+    if (!operands.empty()) usage.append(" ").append(operands);
+    return usage;
+}
+
+std::string typed(const Request &request)
+{
+    std::string text{request.verb->name};
+    for (const char *word : request.operands) text.append(" ").append(printable(word));
+    return text;
+}
+
+} // namespace oructl

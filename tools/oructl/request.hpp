@@ -1,0 +1,62 @@
+// A command line, taken apart, and what comes of it.
+#pragma once
+
+#include "catalogue.hpp"
+#include "operands.hpp"
+
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace oructl {
+
+enum ExitStatus : int { kDone = 0, kFailed = 1, kWrongUsage = 2 };
+
+struct Verb;
+
+struct Request {
+    const Verb *verb = nullptr;
+    Words operands = {};
+    bool json = false;
+    std::string output = {}; ///< for standard output, written at the end
+};
+
+struct Verb {
+    std::string_view name;
+    std::string_view operands;
+    std::string_view summary;
+    std::string_view details;
+    int (*run)(Request &);
+};
+
+std::span<const Verb> verbs();
+const Verb *findVerb(std::string_view name);
+
+/// What went wrong, in the parts that both output forms show.
+struct Problem {
+    std::string_view kind;            ///< "usage", "refused" or "failed"
+    std::string attempt = {};         ///< "set tx-power 0 9"
+    std::optional<int64_t> code = {}; ///< of the operation that failed
+    std::string message;
+    std::string detail = {}; ///< what is legal, or where to look
+};
+
+/// Reports a problem and yields its exit status: a line on standard error or, with --json, an error
+/// object on standard output.
+int report(Request &request, const Problem &problem);
+
+/// Reports a wrong command line, with the usage of the item's verb or of the verb.
+int reportUsage(Request &request, const std::string &message, const Item *item = nullptr);
+
+/// Reports an operand that is the name of nothing, with the names that it resembles.
+int reportUnknown(Request &request, std::string_view what, std::string_view typed,
+                  const std::vector<std::string_view> &names);
+
+/// "oructl [--json] set tx-power RADIO VALUE".
+std::string usageOf(const Verb *verb, const Item *item = nullptr);
+
+/// The verb and its operands as they were typed, printable.
+std::string typed(const Request &request);
+
+} // namespace oructl

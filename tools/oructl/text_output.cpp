@@ -1,0 +1,156 @@
+#include "text_output.hpp"
+
+#include "values.hpp"
+
+#include <algorithm>
+#include <array>
+
+namespace oructl {
+namespace {
+
+void addFields(std::string &out, const std::string &prefix, std::span<const Field> fields,
+               const std::vector<Value> &values);
+
+void addField(std::string &out, const std::string &name, const Field &field, const Value &value)
+{
+    out.append(name).append(" = ").append(shownValue(field, value)).append("\n");
+    for (size_t i = 0; i < value.entries.size(); ++i)
+        addFields(out, name + '.' + std::to_string(i + 1), field.entry, value.entries[i]);
+}
+
+void addFields(std::string &out, const std::string &prefix, std::span<const Field> fields,
+               const std::vector<Value> &values)
+{
+    for (size_t i = 0; i < fields.size(); ++i) {
+        const Field &field = fields[i];
+        if (!field.belongsTo(Use::Get) || !values[i].given) continue;
+        addField(out, field.name.empty() ? prefix : prefix + '.' + std::string{field.name}, field,
+                 values[i]);
+    }
+}
+
+using Row = std::array<std::string, 5>;
+
+Row listRow(const Item &item)
+{
+    return {std::string{item.name},
+            operandSynopsis(item, item.set != nullptr ? Use::Set : Use::Get), legalValuesOf(item),
+            std::string{item.keys}, std::string{item.files}};
+}
+
+/// A label of fixed width and what belongs to it.
+void addEntry(std::string &out, std::string_view label, std::string_view text)
+{
+    constexpr size_t kWidth = 12;
+    if (text.empty()) return;
+    out.append("  ").append(label);
+    out.append(label.size() < kWidth ? kWidth - label.size() : 1, ' ');
+    out.append(text).append("\n");
+}
+
+} // namespace
+
+std::string textValue(const Item &item, const Call &call)
+{
+    std::string prefix{item.name};
+    if (item.scope != Scope::None) prefix += '[' + std::to_string(call.index) + ']';
+    std::string out;
+    addFields(out, prefix, item.fields, call.values);
+    return out;
+}
+
+std::string textList(const std::vector<const Item *> &items)
+{
+    std::vector<Row> rows;
+    rows.reserve(items.size());
+    for (const Item *item : items) rows.push_back(listRow(*item));
+    std::array<size_t, std::tuple_size_v<Row>> widths{};
+    for (const Row &row : rows)
+        for (size_t i = 0; i < row.size(); ++i) widths[i] = std::max(widths[i], row[i].size());
+    std::string out;
+    for (const Row &row : rows) {
+        for (size_t i = 0; i + 1 < row.size(); ++i)
+            out.append(row[i]).append(widths[i] - row[i].size() + 2, ' ');
+        out.append(row.back()).append("\n");
+    }
+    return out;
+}
+
+std::string textOverview()
+{
+    std::string out = "usage: " + usageOf(nullptr) +
+                      "\n\nReads and changes the configuration of the access point.\n\nVerbs:\n";
+    size_t width = 0;
+    for (const Verb &verb : verbs())
+        width = std::max(width, verb.name.size() + verb.operands.size());
+    for (const Verb &verb : verbs()) {
+        out.append("  ").append(verb.name).append(" ").append(verb.operands);
+        out.append(width + 2 - verb.name.size() - verb.operands.size(), ' ');
+        out.append(verb.summary).append("\n");
+    }
+    return out += "\nOptions, before the verb or right behind it:\n"
+                  "  --json     output as one line of JSON, failures too\n"
+                  "  --help     this text, or the help of the verb\n"
+                  "  --version  the versions of oructl and of the library\n"
+                  "\nA change waits in the files until 'oructl commit'.\n"
+                  "'oructl list' shows the items, 'oructl help ITEM' one of them.\n"
+                  "Exit status: 0 done, 1 refused or failed, 2 wrong command line.\n";
+}
+
+std::string textHelp(const Verb &verb)
+{
+    std::string out = "usage: " + usageOf(&verb) + "\n\n";
+    return out.append(verb.details).append("\n");
+}
+
+std::string textHelp(const Item &item)
+{
+    std::string out{item.name};
+    out.append(": ").append(item.summary).append("\n");
+    if (item.get != nullptr) addEntry(out, "read", usageOf(findVerb("get"), &item));
+    if (item.set != nullptr) addEntry(out, "change", usageOf(findVerb("set"), &item));
+    for (const Field &field : item.fields) {
+        std::string text = legalValues(field);
+        if (!field.meaning.empty()) text.append(": ").append(field.meaning);
+        addEntry(out, field.name.empty() ? "VALUE" : field.name, text);
+    }
+    std::string keys{item.keys};
+    if (item.scope == Scope::Radio && !keys.empty() && keys.find("%d") == keys.npos)
+        keys += " (one for both radios)";
+    addEntry(out, "key", keys);
+    addEntry(out, "file", item.files);
+    addEntry(out, "operations", item.operations);
+    return out;
+}
+
+std::string legalValuesOf(const Item &item)
+{
+    std::string out;
+    for (const Field &field : item.fields) {
+        if (!field.belongsTo(item.set != nullptr ? Use::Set : Use::Get)) continue;
+        if (!out.empty()) out += ", ";
+        if (!field.name.empty()) out.append(field.name).append(" ");
+        out.append(legalValues(field));
+    }
+    return out;
+}
+
+std::string whereStored(const Item &item, const Call &call)
+{
+    std::string keys;
+    forEachWord(item.keys, [&](std::string_view pattern) {
+        if (!keys.empty()) keys += ", ";
+        const size_t at = pattern.find("%d");
+        keys.append(pattern.substr(0, at));
+        if (at != pattern.npos)
+            keys.append(std::to_string(call.index)).append(pattern.substr(at + 2));
+    });
+    std::string files;
+    forEachWord(item.files, [&](std::string_view file) {
+        files.append(files.empty() ? "" : " and ").append(file);
+    });
+    if (keys.empty()) return files;
+    return (keys.find(',') == keys.npos ? "key " : "keys ") + keys + " of " + files;
+}
+
+} // namespace oructl

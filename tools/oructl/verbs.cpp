@@ -1,0 +1,291 @@
+// What each verb does.
+#include "codes.hpp"
+#include "json_output.hpp"
+#include "oruSdk.h"
+#include "request.hpp"
+#include "text_output.hpp"
+#include "values.hpp"
+
+namespace oructl {
+namespace {
+
+/// Names of all items that the test accepts.
+template <class Test>
+std::vector<std::string_view> itemNames(Test &&accepts)
+{
+    std::vector<std::string_view> names;
+    forEachItem([&](const Item &item) {
+        if (accepts(item)) names.push_back(item.name);
+    });
+    return names;
+}
+
+/// A failure of a file or of a key in it.
+bool concernsStorage(uint32_t code)
+{
+    return code == ORUSDK_RC_FILE_READ || code == ORUSDK_RC_FILE_WRITE ||
+           code == ORUSDK_RC_DICT_WRITE || code == ORUSDK_RC_DICT_READ ||
+           code == ORUSDK_RC_KEY_READ;
+}
+
+/// What is legal where the call isn't; an empty text for a call whose numbers are all legal.
+std::string illegalPart(const Item &item, Use verb, const Call &call)
+{
+    const Bounds index = legalIndex(item.scope);
+    if (item.scope != Scope::None && (call.index < index.min || call.index > index.max))
+        return std::string{indexName(item.scope)} + " is " + std::to_string(index.min) + " to " +
+               std::to_string(index.max);
+    if (verb != Use::Set) return "";
+    for (size_t i = 0; i < item.fields.size(); ++i) {
+        const Field &field = item.fields[i];
+        if (!call.values[i].given || isLegal(field, call.values[i])) continue;
+        std::string out = field.name.empty() ? "" : std::string{field.name} + " of ";
+        return out.append(item.name).append(" takes ").append(legalValues(field));
+    }
+    return "";
+}
+
+/// The command as it was typed; without its values when one of them is a secret.
+std::string attempt(const Request &request, const Item &item, const Call &call)
+{
+    for (const Field &field : item.fields) {
+        if (field.kind != Kind::Secret) continue;
+        std::string text{request.verb->name};
+        text.append(" ").append(item.name);
+        if (item.scope != Scope::None) text.append(" ").append(std::to_string(call.index));
+        return text;
+    }
+    return typed(request);
+}
+
+int reportCall(Request &request, const Item &item, Use verb, uint32_t code, const Call &call)
+{
+    const std::string illegal = illegalPart(item, verb, call);
+    std::string detail = item.reason != nullptr ? item.reason(code, call) : "";
+    if (detail.empty()) detail = illegal;
+    if (detail.empty() && concernsStorage(code)) detail = whereStored(item, call);
+    return report(request, {.kind = illegal.empty() ? "failed" : "refused",
+                            .attempt = attempt(request, item, call),
+                            .code = code,
+                            .message = messageLine(code),
+                            .detail = detail});
+}
+
+int reportCode(Request &request, uint32_t code, const std::string &detail = "")
+{
+    return report(request, {.kind = "failed",
+                            .attempt = typed(request),
+                            .code = code,
+                            .message = messageLine(code),
+                            .detail = detail});
+}
+
+/// The item and call of a get or set; NULL after a report of what is wrong, with the exit status.
+const Item *parseCall(Request &request, Use verb, Call &call, int &status)
+{
+    const auto able = [verb](const Item &item) {
+        return verb == Use::Get ? item.get != nullptr : item.set != nullptr;
+    };
+    if (request.operands.empty()) {
+        status = reportUsage(request, "ITEM is missing");
+        return nullptr;
+    }
+    const std::string_view name = request.operands.front();
+    const Item *item = findItem(name);
+    if (item == nullptr) {
+        status = reportUnknown(request, "item", name, itemNames(able));
+        return nullptr;
+    }
+    if (!able(*item)) {
+        status = reportUsage(request, std::string{name} +
+                                          (verb == Use::Get ? " can't be read" : " can't be set"));
+        return nullptr;
+    }
+    const std::string problem = parseOperands(*item, verb, request.operands.subspan(1), call);
+    if (problem.empty()) return item;
+    status = reportUsage(request, problem, item);
+    return nullptr;
+}
+
+int runGet(Request &request)
+{
+    Call call;
+    int status = kDone;
+    const Item *item = parseCall(request, Use::Get, call, status);
+    if (item == nullptr) return status;
+    if (const uint32_t code = item->get(call); code != ORUSDK_RC_OK)
+        return reportCall(request, *item, Use::Get, code, call);
+    request.output = request.json ? jsonValue(*item, call) : textValue(*item, call);
+    return kDone;
+}
+
+int runSet(Request &request)
+{
+    Call call;
+    int status = kDone;
+    const Item *item = parseCall(request, Use::Set, call, status);
+    if (item == nullptr) return status;
+    if (const uint32_t code = item->set(call); code != ORUSDK_RC_OK)
+        return reportCall(request, *item, Use::Set, code, call);
+    if (request.json) request.output = jsonSet(*item, call);
+    return kDone;
+}
+
+int runCommit(Request &request)
+{
+    if (request.operands.size() > 1) return reportUsage(request, "too many operands");
+    const std::string_view what = request.operands.empty() ? "all" : request.operands.front();
+    if (what != "radio" && what != "all")
+        return reportUsage(request, quoted(what) + " is neither radio nor all");
+    if (const uint32_t code = what == "all" ? oruSdkCommitAll() : oruSdkCommitRadio();
+        code != ORUSDK_RC_OK)
+        return reportCode(request, code);
+    if (request.json) request.output = jsonAction("commit", what);
+    return kDone;
+}
+
+int resetAll(Request &request)
+{
+    if (request.operands.size() > 1) return reportUsage(request, "too many operands");
+    if (const uint32_t code = oruSdkResetToDefaults(); code != ORUSDK_RC_OK)
+        return reportCode(request, code);
+    if (request.json) request.output = jsonAction("reset", "all");
+    return kDone;
+}
+
+int resetBss(Request &request)
+{
+    if (request.operands.size() < 2) return reportUsage(request, "BSS is missing");
+    if (request.operands.size() > 2) return reportUsage(request, "too many operands");
+    int64_t bss = 0;
+    const std::string_view text = request.operands[1];
+    switch (parseDecimal(text, bss)) {
+    case Decimal::Good: break;
+    case Decimal::TooLarge: return reportUsage(request, quoted(text) + " does not fit 32 bits");
+    case Decimal::NotANumber: return reportUsage(request, quoted(text) + " is no number of a BSS");
+    }
+    if (const uint32_t code = oruSdkResetToBss(static_cast<int32_t>(bss)); code != ORUSDK_RC_OK)
+        return reportCode(request, code, code == ORUSDK_RC_BSS_NUMBER ? "BSS is 0 to 3" : "");
+    if (request.json) request.output = jsonAction("reset", "bss", bss);
+    return kDone;
+}
+
+int runReset(Request &request)
+{
+    if (request.operands.empty()) return reportUsage(request, "all or bss is missing");
+    const std::string_view what = request.operands.front();
+    if (what == "all") return resetAll(request);
+    if (what == "bss") return resetBss(request);
+    return reportUsage(request, quoted(what) + " is neither all nor bss");
+}
+
+int runList(Request &request)
+{
+    if (request.operands.size() > 1) return reportUsage(request, "too many operands");
+    const std::string_view pattern = request.operands.empty() ? "" : request.operands.front();
+    std::vector<const Item *> items;
+    forEachItem([&](const Item &item) {
+        if (item.name.find(pattern) != item.name.npos || item.keys.find(pattern) != item.keys.npos)
+            items.push_back(&item);
+    });
+    request.output = request.json ? jsonList(items) : textList(items);
+    return kDone;
+}
+
+int runExplain(Request &request)
+{
+    if (request.operands.empty()) return reportUsage(request, "CODE is missing");
+    if (request.operands.size() > 1) return reportUsage(request, "too many operands");
+    int64_t code = 0;
+    const std::string_view text = request.operands.front();
+    const Decimal form = parseDecimal(text, code);
+    if (form == Decimal::NotANumber) return reportUsage(request, quoted(text) + " is no number");
+    if (form == Decimal::TooLarge || !isCode(code))
+        return report(request, {.kind = "failed",
+                                .attempt = typed(request),
+                                .message = "no such code",
+                                .detail = "codes are 0 to " + std::to_string(kLastCode)});
+    if (request.json) {
+        request.output = jsonExplanation(code);
+        return kDone;
+    }
+    const std::string message = messageLine(code);
+    const std::string meaning = codeMeaning(code);
+    request.output = std::to_string(code) + ": " + message + '\n';
+    if (meaning != message) request.output += "meaning: " + meaning + '\n';
+    return kDone;
+}
+
+int runVersion(Request &request)
+{
+    if (!request.operands.empty()) return reportUsage(request, "too many operands");
+    const std::string library = oruSdkGetVersion();
+    request.output = request.json ? jsonVersions(ORUCTL_VERSION, library)
+                                  : "oructl " ORUCTL_VERSION "\nlibrary " + library + '\n';
+    return kDone;
+}
+
+int runHelp(Request &request)
+{
+    if (request.operands.size() > 1) return reportUsage(request, "too many operands");
+    const std::string_view topic = request.operands.empty() ? "" : request.operands.front();
+    const Verb *verb = findVerb(topic);
+    const Item *item = findItem(topic);
+    if (!topic.empty() && verb == nullptr && item == nullptr) {
+        auto names = itemNames([](const Item &) { return true; });
+        for (const Verb &each : verbs()) names.push_back(each.name);
+        return reportUnknown(request, "verb or item", topic, names);
+    }
+    const std::string text = verb != nullptr   ? textHelp(*verb)
+                             : item != nullptr ? textHelp(*item)
+                                               : textOverview();
+    request.output = request.json ? jsonHelp(topic, text) : text;
+    return kDone;
+}
+
+constexpr Verb kVerbs[] = {
+    {"get", "ITEM [INDEX]", "shows the stored value of an item",
+     "Shows the stored value of an item, one line a field: 'mimo[0] = on'.\n"
+     "A number that has no word is shown as it is stored.",
+     runGet},
+    {"set", "ITEM [INDEX] VALUE...", "stores a new value of an item",
+     "Stores a new value of an item; silent when it is done. The access point takes it with the\n"
+     "next commit. Switches take on, off, true, false, 1 and 0; numbers are whole and decimal.",
+     runSet},
+    {"commit", "[radio|all]", "makes the access point take what is stored",
+     "Makes the access point take what is stored: 'radio' the settings of the radios and BSSes,\n"
+     "'all' (the default) those of security too, after a check that every BSS has a complete\n"
+     "security configuration. Whether a service has heard the notice is not known.",
+     runCommit},
+    {"reset", "all|bss BSS", "stores factory values",
+     "Stores the factory values again: 'all' of them, or those of one BSS (0 to 3). The access\n"
+     "point takes them with the next commit.",
+     runReset},
+    {"list", "[PATTERN]", "lists the items",
+     "Lists the items whose name or key contains PATTERN, or all: name, operands, legal values,\n"
+     "key and file. In a key, %d stands for the index; a key without it is one for all.",
+     runList},
+    {"explain", "CODE", "says what a return code means",
+     "Shows the message of a return code and, where that says something else, what it means.",
+     runExplain},
+    {"version", "", "shows the versions of oructl and of the library",
+     "Shows the versions of oructl and of the library.", runVersion},
+    {"help", "[VERB|ITEM]", "shows help", "Shows the verbs, or the help of one verb or item.",
+     runHelp},
+};
+
+} // namespace
+
+std::span<const Verb> verbs()
+{
+    return kVerbs;
+}
+
+const Verb *findVerb(std::string_view name)
+{
+    for (const Verb &verb : kVerbs)
+        if (verb.name == name) return &verb;
+    return nullptr;
+}
+
+} // namespace oructl
