@@ -1018,13 +1018,302 @@ ORUSDK_API uint32_t oruSdkSetPreambleType(OruSdkOptionParam *param);
 
 /* ---- WPS device PIN and password ------------------------------------------------------------ */
 
+/**
+ * Gives WSM the access point's own WPS PIN, at once, and stores it. The PIN's form is WSM's to
+ * judge; its verdict is only logged, and the PIN is stored whatever it says. No answer within 20 s
+ * is no failure. Key "bss%d.appinpasswd" of "/var/wsmDefaults".
+ * @param radioIndex 0 or 1 (the low 16 bits count)
+ * @param bssIndex   0 to 3 (the low 16 bits count)
+ * @param pin        the PIN, NUL-terminated, at most 1900 characters
+ * @retval 0   given and stored
+ * @retval 3   radioIndex is 2 or more
+ * @retval 115 bssIndex is 4 or more
+ * @retval 2   pin is NULL
+ * @retval 48  WSM can't be reached, its reply is not as expected, or the PIN is too long for a
+ * message
+ * @retval 7   the file can't be loaded
+ * @retval 25  the key can't be written
+ * @retval 8   the file can't be saved
+ * @see oruSdkGetDevicePin
+ */
+ORUSDK_API uint32_t oruSdkSetDevicePin(uint32_t radioIndex, uint32_t bssIndex, const char *pin);
+
+/**
+ * Reads the stored WPS PIN of the access point.
+ * Key "bss%d.appinpasswd" of "/var/wsmDefaults".
+ * @param bssIndex 0 to 3; a negative number is not refused and forms its key with the sign
+ * @param pin      receives the PIN, NUL-terminated: room for 65 characters
+ * @param length   receives its length
+ * @retval 0   read
+ * @retval 2   pin or length is NULL
+ * @retval 115 bssIndex is 4 or more
+ * @retval 7   the file can't be loaded
+ * @retval 42  the key is missing
+ * @retval 108 the stored PIN has 65 characters or more
+ * @see oruSdkSetDevicePin
+ */
+ORUSDK_API uint32_t oruSdkGetDevicePin(int32_t bssIndex, char *pin, uint32_t *length);
+
+/**
+ * Asks WSM to generate a new password of the access point, at once. Nothing is stored here. No
+ * answer within 20 s is no failure.
+ * @param radioIndex 0 or 1 (the low 16 bits count)
+ * @param bssIndex   0 to 3 (the low 16 bits count)
+ * @retval 0   asked
+ * @retval 3   radioIndex is 2 or more
+ * @retval 115 bssIndex is 4 or more
+ * @retval 48  WSM can't be reached, or its reply can't be received
+ * @retval 119 the reply is not as expected
+ */
+ORUSDK_API uint32_t oruSdkGenPassword(uint32_t radioIndex, uint32_t bssIndex);
+
 /* ---- WPS enrollment and status -------------------------------------------------------------- */
+
+/**
+ * Starts a WPS enrollment, at once. WSM's verdict is only logged: ask oruSdkGetWscStatus(). No
+ * answer within 20 s is no failure. Refused unless "bss%d.wscEnabledFlag" of "/var/1x.conf" is on.
+ * @param method     0 by the station's PIN, 1 push button, 2 the access point as enrollee by its
+ * PIN
+ * @param radioIndex 0 or 1 (the low 16 bits count)
+ * @param bssIndex   0 to 3 (the low 16 bits count)
+ * @param pin        the station's PIN for method 0, at most 1900 characters; not NULL for the
+ * others
+ * @retval 0   asked
+ * @retval 3   radioIndex is 2 or more
+ * @retval 115 bssIndex is 4 or more
+ * @retval 2   pin is NULL
+ * @retval 7   the file can't be loaded
+ * @retval 109 WPS is off, or its flag missing
+ * @retval 48  WSM can't be reached, the method is not known, or the PIN is too long for a message
+ * @retval 119 the reply is not as expected
+ * @see oruSdkGetWscStatus, oruSdkSetWsc
+ */
+ORUSDK_API uint32_t sendWscEnroll(uint32_t method, uint32_t radioIndex, uint32_t bssIndex,
+                                  const char *pin);
+
+/**
+ * Asks WSM for the result code of the last enrollment.
+ * @param radioIndex sent as it is (the low 16 bits)
+ * @param bssIndex   sent as it is (the low 16 bits)
+ * @param result     receives the result code; untouched when no answer comes within 20 s
+ * @retval 0   asked
+ * @retval 2   result is NULL
+ * @retval 48  WSM can't be reached, or its reply can't be received
+ * @retval 119 the reply is not as expected
+ * @see sendWscEnroll
+ */
+ORUSDK_API uint32_t oruSdkGetWscStatus(uint32_t radioIndex, uint32_t bssIndex, uint32_t *result);
 
 /* ---- Statistics ----------------------------------------------------------------------------- */
 
+/** Statistics of a radio. */
+typedef struct OruSdkRadioStatsParam {
+    uint8_t selector1;    /**< sent to WSM as it is */
+    uint8_t selector2;    /**< sent to WSM as it is */
+    char statsStr[19998]; /**< the text: counter names, each followed by its value */
+} OruSdkRadioStatsParam;
+
+/** Statistics of a station. */
+typedef struct OruSdkStaStatsParam {
+    uint8_t selector1;    /**< sent to WSM as it is */
+    uint8_t selector2;    /**< sent to WSM as it is */
+    uint8_t macAddr[6];   /**< the station, in transmission order */
+    char statsStr[19998]; /**< the text: counter names, each followed by its value */
+} OruSdkStaStatsParam;
+
+/**
+ * Asks WSM for the counters of a radio.
+ * @param param the selectors; statsStr receives the text, also when WSM reports a failure, and
+ * stays as it is when no answer comes within 20 s
+ * @retval 0  asked
+ * @retval 2  param is NULL
+ * @retval 48 WSM can't be reached, or its reply can't be received
+ * @retval 1  WSM reports a failure
+ * @see oruSdkGetStatsValue
+ */
+ORUSDK_API uint32_t oruSdkGetRadioStats(OruSdkRadioStatsParam *param);
+
+/**
+ * Asks WSM for the counters of a station.
+ * @param param the selectors and the station; statsStr as for oruSdkGetRadioStats()
+ * @retval 0  asked
+ * @retval 2  param is NULL
+ * @retval 48 WSM can't be reached, or its reply can't be received
+ * @retval 1  WSM reports a failure
+ * @see oruSdkGetStatsValue
+ */
+ORUSDK_API uint32_t oruSdkGetStaStats(OruSdkStaStatsParam *param);
+
+/**
+ * Picks a counter out of a statistics text. Only the first occurrence of the name counts: inside a
+ * longer word that begins with it, it is not found; at the end of a longer word, it is.
+ * @param name the counter
+ * @param text a statistics text
+ * @return its value, within 32 bits signed; -1 when it is not found, has no number, or an argument
+ * is NULL
+ */
+ORUSDK_API int32_t oruSdkGetStatsValue(const char *name, const char *text);
+
 /* ---- Live tables ---------------------------------------------------------------------------- */
 
+/*
+ * Numbers of WSM in these records are byte arrays, most significant byte first, on every host.
+ * Texts are NUL-terminated; longer ones are cut. What the numbers mean is WSM's business.
+ */
+
+/** A BSS of a radio, 96 bytes. */
+typedef struct OruSdkBssEntry {
+    uint8_t element17[4]; /**< a number */
+    char ssid[33];        /**< not filled by oruSdkGetRadioParam() */
+    uint8_t reserved1[40];
+    char bssid[18]; /**< six two-digit hexadecimal groups joined by colons */
+    uint8_t reserved2;
+} OruSdkBssEntry;
+
+/** The BSSes of one radio. */
+typedef struct OruSdkBssListParam {
+    OruSdkBssEntry bss[4];
+    uint16_t radioIndex;  /**< in: sent to WSM as it is */
+    uint8_t element1[2];  /**< a number */
+    uint32_t numBss;      /**< entries, in host order */
+    uint8_t element18[2]; /**< a number */
+} OruSdkBssListParam;
+
+/** A neighbouring network, 55 bytes. */
+typedef struct OruSdkScanEntry {
+    char bssid[18]; /**< six two-digit hexadecimal groups joined by colons */
+    char ssid[33];
+    uint8_t reserved[4];
+} OruSdkScanEntry;
+
+/** Entries that a reply can carry at most. */
+#define ORUSDK_SCAN_ENTRIES 1111
+
+/** The networks that the radios hear. */
+typedef struct OruSdkScanlistParam {
+    uint8_t numEntries[4];
+    uint8_t reserved[4];
+    OruSdkScanEntry entries[ORUSDK_SCAN_ENTRIES];
+} OruSdkScanlistParam;
+
+/** A station, 22 bytes. */
+typedef struct OruSdkStationEntry {
+    uint8_t staId[4]; /**< WSM's identifier of the station, 16 bits */
+    char macAddr[18]; /**< six two-digit hexadecimal groups joined by colons */
+} OruSdkStationEntry;
+
+/** The stations of one BSS. */
+typedef struct OruSdkStationParam {
+    OruSdkStationEntry stations[256];
+    uint8_t numStations[4];
+    uint8_t bssIndex[2];   /**< in: 0 to 3 */
+    uint8_t radioIndex[2]; /**< in: 0 or 1 */
+} OruSdkStationParam;
+
+/** A radio, 460 bytes. The fields are named after the elements of the reply that fill them. */
+typedef struct OruSdkRadioEntry {
+    uint8_t element1[4]; /**< WSM's identifier of the radio, 16 bits */
+    char element2[17];   /**< a text */
+    uint8_t element3[4];
+    uint8_t element8[4];
+    uint8_t element4[4];
+    uint8_t element277[4];
+    uint8_t reserved[33];
+    uint8_t element6[4];
+    uint8_t element18[2];
+    OruSdkBssEntry bss[4];
+} OruSdkRadioEntry;
+
+/** The radios. */
+typedef struct OruSdkRadioParam {
+    OruSdkRadioEntry radios[2];
+    uint8_t numRadios[4];
+} OruSdkRadioParam;
+
+/**
+ * Asks WSM for the BSSes of a radio.
+ * @param param radioIndex; the entries receive what WSM says, numBss their number: 0 when no answer
+ *              comes within 20 s. After a failure numBss is as it was.
+ * @retval 0  asked
+ * @retval 2  param is NULL
+ * @retval 48 WSM can't be reached, or its reply is not as expected (more than 4 BSSes among it)
+ */
+ORUSDK_API uint32_t oruSdkGetBssListParam(OruSdkBssListParam *param);
+
+/**
+ * Asks WSM for the networks that the radios hear.
+ * @param param receives the entries, numEntries their number: 0 when no answer comes within 20 s.
+ * It stays as it was after a failure, and when the last entry lacks its SSID.
+ * @retval 0  asked
+ * @retval 2  param is NULL
+ * @retval 48 WSM can't be reached, or its reply is not as expected
+ */
+ORUSDK_API uint32_t oruSdkGetScanlistParam(OruSdkScanlistParam *param);
+
+/**
+ * Asks WSM for the stations of a BSS.
+ * @param param bssIndex and radioIndex; receives the stations, numStations their number: 0 when no
+ *              answer comes within 20 s. After a failure it is as it was.
+ * @retval 0   asked
+ * @retval 2   param is NULL
+ * @retval 3   radioIndex is 2 or more
+ * @retval 115 bssIndex is 4 or more
+ * @retval 48  WSM can't be reached, or its reply is not as expected (more than 256 stations among
+ * it)
+ */
+ORUSDK_API uint32_t oruSdkGetStationParam(OruSdkStationParam *param);
+
+/**
+ * Asks WSM for the radios and their BSSes.
+ * @param param receives the radios, numRadios their number: 0 when no answer comes within 20 s.
+ * After a failure it is as it was.
+ * @retval 0  asked
+ * @retval 2  param is NULL
+ * @retval 48 WSM can't be reached, or its reply is not as expected (more than 2 radios, or 4 BSSes
+ * of one, among it)
+ */
+ORUSDK_API uint32_t oruSdkGetRadioParam(OruSdkRadioParam *param);
+
 /* ---- Administrative status and disassociation ----------------------------------------------- */
+
+/**
+ * Reads whether a radio is administratively up, as stored.
+ * Key "radio%d.adminStatus" of "/var/wsmDefaults".
+ * @param param radioIndex 0 or 1; activationFlag receives the stored number as it is
+ * @retval 0  read
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 7  the file can't be loaded
+ * @retval 42 the key is missing or no number
+ * @see oruSdkSetAdminStatus
+ */
+ORUSDK_API uint32_t oruSdkGetAdminStatus(OruSdkFeatureParam *param);
+
+/**
+ * Switches a radio administratively up or down: stores it and tells WSM, at once, without a commit.
+ * Key "radio%d.adminStatus" of "/var/wsmDefaults".
+ * @param param radioIndex 0 or 1; activationFlag 0 (down) or 1 (up)
+ * @retval 0  stored and told; WSM may have said nothing within 20 s
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 47 activationFlag is neither 0 nor 1
+ * @retval 7  the file can't be loaded
+ * @retval 25 the key can't be written
+ * @retval 8  the file can't be saved
+ * @retval 48 stored, but WSM can't be reached or its reply is not as expected
+ * @see oruSdkGetAdminStatus
+ */
+ORUSDK_API uint32_t oruSdkSetAdminStatus(OruSdkFeatureParam *param);
+
+/**
+ * Asks WSM to disassociate a station, at once. WSM's verdict is only logged; no answer within 20 s
+ * is no failure.
+ * @param macAddr the station, 6 bytes in transmission order
+ * @retval 0  asked
+ * @retval 2  macAddr is NULL
+ * @retval 48 WSM can't be reached, or its reply is not as expected
+ */
+ORUSDK_API uint32_t sendDisAssocReq(const uint8_t *macAddr);
 
 /* ---- BSS summary ---------------------------------------------------------------------------- */
 

@@ -82,6 +82,28 @@ uint32_t Connection::receive(uint8_t *bytes, uint32_t room, uint32_t least, uint
     return ORUSDK_RC_OK;
 }
 
+uint32_t Element::number() const
+{
+    const uint32_t kind = ttlv_->type >> 16;
+    if (length() == 4 && kind == 3) {
+        uint32_t value;
+        std::memcpy(&value, ttlv_->value, sizeof value);
+        return value;
+    }
+    if (length() == 2 && kind == 2) {
+        uint16_t value;
+        std::memcpy(&value, ttlv_->value, sizeof value);
+        return value;
+    }
+    // Of another kind, the bytes stand as they came.
+    switch (length()) {
+    case 1: return *static_cast<const uint8_t *>(ttlv_->value);
+    case 2: return oruAsfGet16(ttlv_->value);
+    case 4: return oruAsfGet32(ttlv_->value);
+    default: return 0;
+    }
+}
+
 uint32_t sdkSendWsmRequest(uint32_t type)
 {
     Connection wsm;
@@ -97,17 +119,15 @@ uint32_t sdkWsmTransaction(uint32_t radioIndex, uint32_t adminStatus)
     constexpr uint32_t kStatusElement = 0x00020008;
     constexpr uint16_t kResult = 10;
 
-    Connection wsm;
-    if (const uint32_t code = wsm.open(port); code != 0) return code;
     Request request;
     request.number32(kReplyRoom)
         .element16(kRadioElement, static_cast<uint16_t>(radioIndex))
         .element16(kStatusElement, static_cast<uint16_t>(adminStatus));
-    if (const uint32_t code = wsm.send(request.finish(kMessage)); code != 0) return code;
+    Reply<kShortReply> reply;
+    if (const uint32_t code = askWsm(request.finish(kMessage), reply, kElementsStart); code != 0)
+        return code;
 
     // A service that says nothing within the wait has agreed: intended.
-    Reply<kShortReply> reply;
-    if (const uint32_t code = wsm.receive(reply, kElementsStart); code != 0) return code;
     if (reply.size == 0) return ORUSDK_RC_OK;
     oruAsfNtohHdr(reply.bytes);
     oruAsfGet32(reply.bytes + kHeaderSize); // of no use here

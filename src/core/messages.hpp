@@ -13,6 +13,7 @@ constexpr uint32_t kReplyRoom = 20000; // also the number that most request bodi
 constexpr uint32_t kShortReply = 2000; // replies to control requests
 constexpr uint32_t kHeaderSize = 4;    // 16-bit type, 16-bit length
 constexpr uint32_t kElementsStart = 8; // behind the header and a 32-bit field
+constexpr uint32_t kMacSize = 6;
 
 /// A request in the making. The header is written last, by finish().
 class Request {
@@ -82,6 +83,16 @@ private:
     OruAsfIpc *ipc_ = nullptr;
 };
 
+/// One request to WSM and its reply, if one comes within the wait.
+template <uint32_t Room>
+uint32_t askWsm(const Request &request, Reply<Room> &reply, uint32_t least)
+{
+    Connection wsm;
+    if (const uint32_t code = wsm.open(port); code != 0) return code;
+    if (const uint32_t code = wsm.send(request); code != 0) return code;
+    return wsm.receive(reply, least);
+}
+
 /// A decoded element of a reply, freed by its owner's end.
 class Element {
 public:
@@ -101,6 +112,9 @@ public:
     [[nodiscard]] uint16_t id() const { return static_cast<uint16_t>(ttlv_->type); }
     [[nodiscard]] uint32_t length() const { return ttlv_->length; }
     [[nodiscard]] const void *value() const { return ttlv_->value; }
+
+    /// A value of 1, 2 or 4 bytes; 0 for any other length.
+    [[nodiscard]] uint32_t number() const;
 
     /// Bytes that the element takes in the reply.
     [[nodiscard]] uint32_t size() const { return size_; }
