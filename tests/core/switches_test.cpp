@@ -34,6 +34,11 @@ struct Switch {
     const char *key;
 };
 
+std::ostream &operator<<(std::ostream &to, const Switch &row)
+{
+    return to << row.name;
+}
+
 #define SWITCH(name, key)                                                                          \
     Switch                                                                                         \
     {                                                                                              \
@@ -63,6 +68,11 @@ struct Option {
     uint32_t min;
     uint32_t max;
 };
+
+std::ostream &operator<<(std::ostream &to, const Option &row)
+{
+    return to << row.name;
+}
 
 #define OPTION(name, key, min, max)                                                                \
     Option                                                                                         \
