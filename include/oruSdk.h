@@ -1078,6 +1078,201 @@ ORUSDK_API uint32_t oruSdkSetWorldMode(OruSdkWorldModeParam *param);
 
 /* ---- Rate codes and rates ------------------------------------------------------------------- */
 
+/*
+ * Rates are stored, and read back, as internal codes:
+ *
+ *     0            automatic
+ *     1 to 128     MCS 0 to 31: MCS + 1, plus 64 in 40 MHz channels, plus 32 with the short guard
+ *                  interval
+ *     129 to 140   1, 2, 5.5, 6, 9, 11, 12, 18, 24, 36, 48 and 54 Mbps
+ *     141, 142     MCS 32, with the long and the short guard interval
+ */
+
+/**
+ * The supported-rate octets of the legacy rates: 12 pairs of two hexadecimal digits (bit 0x80 set)
+ * and the rate in Mbps. The four 802.11b rates come first.
+ */
+ORUSDK_API extern const char *const rateMap[24];
+
+/**
+ * Converts a legacy rate to its internal code.
+ * @param externalRate Mbps: 1, 2, 5 (5.5), 6, 9, 11, 12, 18, 24, 36, 48 or 54
+ * @return 129 to 140; 6 for any other rate
+ */
+ORUSDK_API uint32_t convertExtToIntRateCode(int32_t externalRate);
+
+/**
+ * Reads a radio's fixed rate.
+ * Key "radio%d.fixedRate" of "/var/wsmDefaults", one per radio, shared by legacy and MCS rates:
+ * gives whichever was set last.
+ * @param param radioIndex 0 or 1; featureOptions receives the internal code as it is stored
+ * @retval 0  read
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 7  the file can't be loaded
+ * @retval 42 the key is missing or no number
+ * @see oruSdkSetRateParam
+ */
+ORUSDK_API uint32_t oruSdkGetRateParam(OruSdkOptionParam *param);
+
+/**
+ * Sets a radio's fixed rate to a legacy rate. Takes effect with the next commit.
+ * Key "radio%d.fixedRate" of "/var/wsmDefaults", one per radio, shared with
+ * oruSdkSetMcsRateParam(). Reads "radio%d.dot11Mode", "radio%d.configuredChannel" and
+ * "radio%d.bandType". Writes trace lines to the log.
+ * @param param radioIndex 0 or 1; featureOptions 1, 2, 5 (5.5), 6, 9, 11, 12, 18, 24, 36, 48 or 54
+ *              Mbps, or 160 (automatic); holds the internal code once the rate is accepted, also
+ *              after 25 and 8
+ * @retval 0  written
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 7  the file can't be loaded
+ * @retval 42 a key is missing or no number (the band type: after 6)
+ * @retval 6  no such rate
+ * @retval 67 kept for 802.11b rates in 5 GHz; no rate comes to it
+ * @retval 68 any rate but 160, in the 2.4 GHz band with 802.11 mode 2
+ * @retval 25 the key can't be written
+ * @retval 8  the file can't be saved
+ * @see oruSdkGetRateParam, oruSdkSetMcsRateParam
+ */
+ORUSDK_API uint32_t oruSdkSetRateParam(OruSdkOptionParam *param);
+
+/**
+ * Reads a radio's fixed rate; the same as oruSdkGetRateParam().
+ * Key "radio%d.fixedRate" of "/var/wsmDefaults", one per radio, shared by legacy and MCS rates:
+ * gives whichever was set last.
+ * @param param radioIndex 0 or 1; featureOptions receives the internal code as it is stored
+ * @retval 0  read
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 7  the file can't be loaded
+ * @retval 42 the key is missing or no number
+ * @see oruSdkSetMcsRateParam
+ */
+ORUSDK_API uint32_t oruSdkGetMcsRateParam(OruSdkOptionParam *param);
+
+/**
+ * Sets a radio's fixed rate to an MCS rate. Takes effect with the next commit.
+ * Key "radio%d.fixedRate" of "/var/wsmDefaults", one per radio, shared with oruSdkSetRateParam().
+ * Reads "radio%d.dot11Mode", "radio%d.channelBondingMode" and "radio%d.ShortGuardInterval40MHz" or,
+ * without bonding, "radio%d.ShortGuardInterval20MHz".
+ * @param param radioIndex 0 or 1; featureOptions MCS 0 to 32, or 160 (automatic); holds the
+ * internal code once the rate is accepted, also after 25 and 8
+ * @retval 0  written
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 7  the file can't be loaded
+ * @retval 42 a key is missing or no number; this and 6 leave a dictionary allocated, on purpose
+ * @retval 6  no such MCS, or the 802.11 mode is neither 0 nor 4
+ * @retval 25 the key can't be written
+ * @retval 8  the file can't be saved
+ * @see oruSdkGetMcsRateParam, oruSdkSetRateParam
+ */
+ORUSDK_API uint32_t oruSdkSetMcsRateParam(OruSdkOptionParam *param);
+
+/**
+ * Reads the rate of a radio's broadcast frames. Writes a trace line to the log.
+ * Key "radio%d.broadcastRate5GHz" of "/var/wsmDefaults" when "radio%d.bandType" is 2, else
+ * "radio%d.broadcastRate24GHz"; shared by legacy and MCS rates: gives whichever was set last.
+ * @param param radioIndex 0 or 1; featureOptions receives the internal code as it is stored
+ * @retval 0  read
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 7  the file can't be loaded
+ * @retval 42 the band type or the key is missing or no number
+ * @see oruSdkSetBroadcastRate
+ */
+ORUSDK_API uint32_t oruSdkGetBroadcastRate(OruSdkOptionParam *param);
+
+/**
+ * Sets the rate of a radio's broadcast frames to a legacy rate. Takes effect with the next commit.
+ * Key "radio%d.broadcastRate5GHz" of "/var/wsmDefaults" when "radio%d.bandType" is 2, else
+ * "radio%d.broadcastRate24GHz". Reads "radio%d.dot11Mode" and "radio%d.configuredChannel". Writes
+ * trace lines to the log.
+ * @param param radioIndex 0 or 1; featureOptions 1, 2, 5 (5.5), 6, 9, 11, 12, 18, 24, 36, 48 or 54
+ *              Mbps; holds the internal code once the rate is accepted, also after 25 and 8
+ * @retval 0  written
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 7  the file can't be loaded
+ * @retval 42 the band type is missing or no number; after 47, the same of another key
+ * @retval 47 featureOptions is above 54; 160 is not taken here
+ * @retval 6  no such rate
+ * @retval 67 kept for 802.11b rates in 5 GHz; no rate comes to it
+ * @retval 68 any rate, in the 2.4 GHz band with 802.11 mode 2
+ * @retval 25 the key can't be written
+ * @retval 8  the file can't be saved
+ * @see oruSdkGetBroadcastRate, oruSdkSetBroadcastMcsRate
+ */
+ORUSDK_API uint32_t oruSdkSetBroadcastRate(OruSdkOptionParam *param);
+
+/**
+ * Reads the rate of a radio's broadcast frames.
+ * Key "radio%d.broadcastRate5GHz" of "/var/wsmDefaults" when "radio%d.bandType" is 2, else
+ * "radio%d.broadcastRate24GHz"; shared by legacy and MCS rates: gives whichever was set last.
+ * @param param radioIndex 0 or 1; featureOptions receives the internal code as it is stored
+ * @retval 0  read
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 7  the file can't be loaded
+ * @retval 42 the band type or the key is missing or no number
+ * @see oruSdkSetBroadcastMcsRate
+ */
+ORUSDK_API uint32_t oruSdkGetBroadcastMcsRate(OruSdkOptionParam *param);
+
+/**
+ * Sets the rate of a radio's broadcast frames to an MCS rate. Takes effect with the next commit.
+ * Key "radio%d.broadcastRate5GHz" of "/var/wsmDefaults" when "radio%d.bandType" is 2, else
+ * "radio%d.broadcastRate24GHz". Reads what oruSdkSetMcsRateParam() reads.
+ * @param param radioIndex 0 or 1; featureOptions MCS 0 to 31; holds the internal code once the rate
+ *              is accepted, also after 25 and 8
+ * @retval 0  written
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 7  the file can't be loaded
+ * @retval 42 the band type is missing or no number; after 47, the same of another key
+ * @retval 47 featureOptions is above 31; MCS 32 and 160 are not taken here
+ * @retval 6  the 802.11 mode is neither 0 nor 4
+ * @retval 25 the key can't be written
+ * @retval 8  the file can't be saved
+ * @see oruSdkGetBroadcastMcsRate, oruSdkSetBroadcastRate
+ */
+ORUSDK_API uint32_t oruSdkSetBroadcastMcsRate(OruSdkOptionParam *param);
+
+/** The maximum data rate. */
+typedef struct OruSdkMaxRateParam {
+    uint32_t radioIndex; /**< 0 or 1; only has to be valid */
+    uint32_t maxRate;    /**< Mbps, 0 to 300 */
+} OruSdkMaxRateParam;
+
+/**
+ * Reads the maximum data rate.
+ * Key "MaxRate" of "/var/wsmDefaults", one for both radios: radioIndex only has to be valid.
+ * @param param radioIndex 0 or 1; maxRate receives the stored number, in Mbps
+ * @retval 0  read
+ * @retval 2  param is NULL; also, last of all, when the stored number is 0: it counts as absent
+ * @retval 3  radioIndex is 2 or more
+ * @retval 7  the file can't be loaded
+ * @retval 42 the key is missing or no number
+ * @see oruSdkSetMaxRate
+ */
+ORUSDK_API uint32_t oruSdkGetMaxRate(OruSdkMaxRateParam *param);
+
+/**
+ * Sets the maximum data rate. Takes effect with the next commit.
+ * Key "MaxRate" of "/var/wsmDefaults", one for both radios: radioIndex only has to be valid.
+ * @param param radioIndex 0 or 1; maxRate 0 to 300 Mbps, where 0 makes the getter fail
+ * @retval 0  written
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 22 maxRate is above 300
+ * @retval 7  the file can't be loaded
+ * @retval 25 the key can't be written
+ * @retval 8  the file can't be saved
+ * @see oruSdkGetMaxRate
+ */
+ORUSDK_API uint32_t oruSdkSetMaxRate(OruSdkMaxRateParam *param);
+
 /* ---- Basic rate sets ------------------------------------------------------------------------ */
 
 /* ---- MAC, beacon, retry and threshold parameters -------------------------------------------- */
