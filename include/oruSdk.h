@@ -1076,6 +1076,48 @@ ORUSDK_API uint32_t oruSdkSetWorldMode(OruSdkWorldModeParam *param);
 
 /* ---- 802.11 mode ---------------------------------------------------------------------------- */
 
+/**
+ * Reads a radio's 802.11 mode.
+ * Key "radio%d.dot11Mode" of "/var/wsmDefaults", one per radio.
+ * @param param radioIndex 0 or 1; featureOptions receives the stored number as it is
+ * @retval 0  read
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 7  the file can't be loaded
+ * @retval 42 the key is missing or no number
+ * @see oruSdkSetDot11Mode
+ */
+ORUSDK_API uint32_t oruSdkGetDot11Mode(OruSdkOptionParam *param);
+
+/**
+ * Sets a radio's 802.11 mode. Takes effect with the next commit.
+ * Keys "radio%d.dot11Mode", one per radio, and "ERPFlag", one for both radios: "0" with mode 2, "1"
+ * with every other one; both in "/var/wsmDefaults". Reads "radio%d.bandType"; for modes 2, 3, 4 and
+ * 9 "radio%d.standardExt", "radio%d.channelSelectionType" and "radio%d.configuredChannel"; for mode
+ * 2 "radio%d.fixedRate" and "radio%d.adminDot11bStaFlag". With channel 14 set by hand, asks WSM for
+ * the radio's country, once in a process: after a request that failed, later calls find none.
+ * @param param radioIndex 0 or 1; featureOptions 0 to 9: 2 is 802.11b only, 9 is 802.11n only; 0
+ *              and 4 take MCS rates
+ * @retval 0   written
+ * @retval 2   param is NULL
+ * @retval 3   radioIndex is 2 or more
+ * @retval 47  featureOptions is above 9
+ * @retval 7   the file can't be loaded
+ * @retval 42  a key is missing or no number (when its turn comes)
+ * @retval 107 mode 2 or 3 in the 5 GHz band
+ * @retval 18  mode 1 in the 2.4 GHz band
+ * @retval 59  mode 2, 3, 4 or 9 without standard extensions
+ * @retval 48  mode 2, 3, 4 or 9 on channel 14, and the first request to WSM fails
+ * @retval 1   the same, and WSM's answer is damaged
+ * @retval 64  mode 2, 3, 4 or 9 on channel 14 in Japan
+ * @retval 63  mode 2, and the stored fixed rate is 69 to 76
+ * @retval 71  mode 2, and 802.11b stations are refused
+ * @retval 25  the mode can't be written ("ERPFlag": 42)
+ * @retval 8   the file can't be saved
+ * @see oruSdkGetDot11Mode
+ */
+ORUSDK_API uint32_t oruSdkSetDot11Mode(OruSdkOptionParam *param);
+
 /* ---- Rate codes and rates ------------------------------------------------------------------- */
 
 /*
