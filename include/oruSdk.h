@@ -1074,6 +1074,69 @@ ORUSDK_API uint32_t oruSdkSetWorldMode(OruSdkWorldModeParam *param);
 
 /* ---- Radio persona and channel set ---------------------------------------------------------- */
 
+/**
+ * Reads which persona a radio has.
+ * Key "radio%d.persona" of "/var/wsmDefaults", one per radio.
+ * @param param radioIndex 0 or 1; featureOptions receives the stored number as it is
+ * @retval 0  read
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 7  the file can't be loaded
+ * @retval 42 the key is missing or no number
+ * @see oruSdkSetRadioPersona
+ */
+ORUSDK_API uint32_t oruSdkGetRadioPersona(OruSdkOptionParam *param);
+
+/**
+ * Sets a radio's persona. Takes effect with the next commit.
+ * Key "radio%d.persona" of "/var/wsmDefaults", one per radio. For 0, asks WSM whether the product
+ * is 802.11b/g-only, once in a process. When the request fails, this call takes it for no and later
+ * ones for yes; when WSM stays silent, all take it for yes.
+ * @param param radioIndex 0 or 1; featureOptions 0 (any), 1 or 2 (meanings are WSM's)
+ * @retval 0  written
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 47 featureOptions is above 2
+ * @retval 7  the file can't be loaded
+ * @retval 95 featureOptions is 0 and the product is 802.11b/g-only
+ * @retval 25 the key can't be written
+ * @retval 8  the file can't be saved
+ * @see oruSdkGetRadioPersona
+ */
+ORUSDK_API uint32_t oruSdkSetRadioPersona(OruSdkOptionParam *param);
+
+/**
+ * Reads the band that a radio may work in, its channel set.
+ * Key "radio%d.bandType" of "/var/wsmDefaults", one per radio.
+ * @param param radioIndex 0 or 1; featureOptions receives the stored number as it is
+ * @retval 0  read
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 7  the file can't be loaded
+ * @retval 42 the key is missing or no number
+ * @see oruSdkSetChannelSet
+ */
+ORUSDK_API uint32_t oruSdkGetChannelSet(OruSdkOptionParam *param);
+
+/**
+ * Sets the band that a radio may work in, its channel set. Takes effect with the next commit.
+ * Key "radio%d.bandType" of "/var/wsmDefaults", one per radio; reads "radio%d.fixedRate". For 0 and
+ * 2, asks WSM whether the product is 802.11b/g-only, as oruSdkSetRadioPersona() does.
+ * @param param radioIndex 0 or 1; featureOptions 0 (any band), 1 (2.4 GHz) or 2 (5 GHz)
+ * @retval 0  written
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 47 featureOptions is above 2
+ * @retval 7  the file can't be loaded
+ * @retval 94 featureOptions is 0 or 2 and the product is 802.11b/g-only
+ * @retval 42 the fixed rate is missing or no number
+ * @retval 62 featureOptions is 0 or 2 and the stored fixed rate is 65 to 68
+ * @retval 25 the key can't be written
+ * @retval 8  the file can't be saved
+ * @see oruSdkGetChannelSet
+ */
+ORUSDK_API uint32_t oruSdkSetChannelSet(OruSdkOptionParam *param);
+
 /* ---- 802.11 mode ---------------------------------------------------------------------------- */
 
 /**
