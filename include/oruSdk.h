@@ -1262,7 +1262,7 @@ ORUSDK_API uint32_t oruSdkGetMcsRateParam(OruSdkOptionParam *param);
  * Reads "radio%d.dot11Mode", "radio%d.channelBondingMode" and "radio%d.ShortGuardInterval40MHz" or,
  * without bonding, "radio%d.ShortGuardInterval20MHz".
  * @param param radioIndex 0 or 1; featureOptions MCS 0 to 32, or 160 (automatic); holds the
- * internal code once the rate is accepted, also after 25 and 8
+ *              internal code once the rate is accepted, also after 25 and 8
  * @retval 0  written
  * @retval 2  param is NULL
  * @retval 3  radioIndex is 2 or more
