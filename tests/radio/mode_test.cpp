@@ -1,7 +1,7 @@
 // The 802.11 mode. WSM is asked once in a process, so each case that lets it answer needs one of
 // its own, as ctest gives it.
 #include "oruSdk.h"
-#include "radio/radiofacts.hpp"
+#include "radio/wsm.hpp"
 #include "support/accesspoint.hpp"
 #include "support/sweep.hpp"
 
@@ -212,7 +212,7 @@ TEST_F(Dot11Mode, ExtensionsAreCheckedBeforeTheChannelIsRead)
 
 TEST_F(Dot11Mode, GuardedModesAreRefusedOnManualChannel14InJapan)
 {
-    standIn.replyWith(radioFacts("USI", "JPI"));
+    standIn.replyWith(radioReply({{.country = "USI"}, {.country = "JPI"}}));
     setManualChannel(14);
     for (uint32_t mode = 0; mode <= 9; ++mode) {
         EXPECT_EQ(setMode(mode), isGuarded(mode) ? 64u : 0u) << mode;
@@ -227,14 +227,14 @@ TEST_F(Dot11Mode, GuardedModesAreRefusedOnManualChannel14InJapan)
 
 TEST_F(Dot11Mode, CountryIsThatOfTheRadio)
 {
-    standIn.replyWith(radioFacts("JPI", "USI"));
+    standIn.replyWith(radioReply({{.country = "JPI"}, {.country = "USI"}}));
     setManualChannel(14);
     for (const uint32_t mode : kGuarded) EXPECT_EQ(setMode(mode), 0u);
 }
 
 TEST_F(Dot11Mode, BothLettersOfTheCountryCount)
 {
-    standIn.replyWith(radioFacts("JMP", "PPJ"));
+    standIn.replyWith(radioReply({{.country = "JMP"}, {.country = "PPJ"}}));
     setManualChannel(14);
     EXPECT_EQ(setMode(3), 0u);
     box.set(kWsm, "radio0.bandType", "0");
@@ -247,7 +247,7 @@ TEST_F(Dot11Mode, BothLettersOfTheCountryCount)
 
 TEST_F(Dot11Mode, AutomaticSelectionLooksAtNeitherChannelNorCountry)
 {
-    standIn.replyWith(radioFacts("JPI", "JPI"));
+    standIn.replyWith(radioReply({{.country = "JPI"}, {.country = "JPI"}}));
     box.unset(kWsm, "radio1.configuredChannel");
     for (const int type : {0, 1, 3}) {
         set("channelSelectionType", type);
@@ -258,7 +258,7 @@ TEST_F(Dot11Mode, AutomaticSelectionLooksAtNeitherChannelNorCountry)
 
 TEST_F(Dot11Mode, OtherManualChannelsDontAskForTheCountry)
 {
-    standIn.replyWith(radioFacts("JPI", "JPI"));
+    standIn.replyWith(radioReply({{.country = "JPI"}, {.country = "JPI"}}));
     for (const int channel : {0, 1, 13, 15, 36}) {
         setManualChannel(channel);
         for (const uint32_t mode : kGuarded) EXPECT_EQ(setMode(mode), 0u);
@@ -283,16 +283,14 @@ TEST_F(Dot11Mode, CountryThatCantBeHadGivesItsOwnCode)
 
 TEST_F(Dot11Mode, DamagedAnswerGives1)
 {
-    Bytes reply = radioFacts("JPI", "JPI");
-    reply[4 + 28] = 60;
-    standIn.replyWith(reply);
+    standIn.replyWith(radioReply({{.country = "JPI", .channelCount = 60}}));
     setManualChannel(14);
     EXPECT_EQ(setMode(3), 1u);
 }
 
 TEST_F(Dot11Mode, JapanIsCheckedBeforeTheRatesOfMode2)
 {
-    standIn.replyWith(radioFacts("JPI", "JPI"));
+    standIn.replyWith(radioReply({{.country = "JPI"}, {.country = "JPI"}}));
     setManualChannel(14);
     box.unset(kWsm, "radio1.fixedRate");
     EXPECT_EQ(setMode(2), 64u);
@@ -399,7 +397,7 @@ void prepareChannel14(AccessPoint &box, StandIn &standIn)
 {
     preparePlain(box);
     box.set(kWsm, "radio1.channelSelectionType", "2");
-    standIn.replyWith(radioFacts("USI", "USI"));
+    standIn.replyWith(radioReply({Radio{}, Radio{}}));
     OruSdkOptionParam param{0, 1, 3};
     ASSERT_EQ(oruSdkSetDot11Mode(&param), 0u);
     preparePlain(box);

@@ -1,7 +1,7 @@
 // Persona and channel set. WSM is asked once in a process, so each case that lets it answer needs
 // one of its own, as ctest gives it.
 #include "oruSdk.h"
-#include "radio/radiofacts.hpp"
+#include "radio/wsm.hpp"
 #include "support/accesspoint.hpp"
 #include "support/sweep.hpp"
 
@@ -70,8 +70,8 @@ struct PersonaAndBand : AccessPointTest {
     }
 
     /// Of a product without 5 GHz; radio 1's bytes say otherwise, and don't count.
-    void beBgOnly() { standIn.replyWith(radioFacts("USI", "USI", 0, 1)); }
-    void beDualBand() { standIn.replyWith(radioFacts("USI", "USI", 1, 0)); }
+    void beBgOnly() { standIn.replyWith(radioReply({{.band5 = 0}, {.band5 = 1}})); }
+    void beDualBand() { standIn.replyWith(radioReply({{.band5 = 1}, {.band5 = 0}})); }
 };
 
 struct EitherItem : PersonaAndBand, ::testing::WithParamInterface<Item> {
@@ -282,7 +282,7 @@ SweepRow row(const std::string &name, Operation operation, uint32_t choice, std:
             [](AccessPoint &box, StandIn &standIn) {
                 // From here on WSM has told that the product is a dual-band one.
                 preparePlain(box);
-                standIn.replyWith(radioFacts("USI", "USI"));
+                standIn.replyWith(radioReply({Radio{}, Radio{}}));
                 OruSdkOptionParam param{0, 0, 0};
                 ASSERT_EQ(oruSdkSetRadioPersona(&param), 0u);
                 preparePlain(box);
