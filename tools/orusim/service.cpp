@@ -28,17 +28,13 @@ void Service::say(std::string_view text) const
     if (log_) log_(name_ + ": " + std::string(text));
 }
 
-bool Service::load()
+void Service::load()
 {
     auto loaded = Configuration::load(path_);
-    if (!loaded) {
-        say("can't read " + path_);
-        return false;
-    }
+    if (!loaded) return say("can't read " + path_);
     configuration_ = std::move(*loaded);
     say(format("loaded %s: %zu keys", path_.c_str(), configuration_.size()));
     configured();
-    return true;
 }
 
 void Service::reload()

@@ -44,8 +44,8 @@ public:
     [[nodiscard]] uint64_t messages() const { return messages_; }
     Faults &faults() { return faults_; }
 
-    /// Takes the configuration file as it is now, without comparing. False when it can't be read.
-    bool load();
+    /// Takes the configuration file as it is now, without comparing.
+    void load();
 
     /// Takes the configuration file again and reports what has changed.
     void reload();

@@ -59,16 +59,17 @@ Simulator::~Simulator() = default;
 std::string Simulator::start()
 {
     if (!epoll_ || !watch(wakeRead_.number(), kWake)) return "no descriptors left";
+    // Looked at first, so that nothing is made in a folder that is no access point's.
+    for (const Service *service : services())
+        if (!Configuration::load(service->path()))
+            return format("can't read %s (is this an access point's folder? --init makes one)",
+                          rooted(service->path()).c_str());
     for (size_t i = 0; i < listeners_.size(); ++i)
         if (std::string error = listen(i); !error.empty()) return error;
-
     commands_ = CommandListener::make();
     if (!commands_ || !watch(commands_->number(), kCommand))
         return std::string("can't make the control socket: ") + std::strerror(errno);
-    for (Service *service : services())
-        if (!service->load())
-            return format("can't read %s (is this an access point's folder? --init makes one)",
-                          rooted(service->path()).c_str());
+    for (Service *service : services()) service->load();
     return {};
 }
 
@@ -105,6 +106,7 @@ void Simulator::run()
 
 bool Simulator::runOnce(int timeoutMs)
 {
+    if (stopped_) return false;
     std::array<epoll_event, kAtATurn> events;
     const int count = ::epoll_wait(epoll_.number(), events.data(), kAtATurn, waitFor(timeoutMs));
     for (int i = 0; i < count; ++i) dispatch(events[static_cast<size_t>(i)].data.u64);
