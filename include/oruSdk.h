@@ -1392,6 +1392,13 @@ ORUSDK_API uint32_t oruSdkSetMaxRate(OruSdkMaxRateParam *param);
 
 /* ---- WEP ------------------------------------------------------------------------------------ */
 
+/**
+ * Whether a text holds hexadecimal digits only, of either case. Logs nothing.
+ * @retval 1 it does, or is empty
+ * @retval 0 it holds another character, or text is NULL
+ */
+ORUSDK_API uint32_t isHex(const char *text);
+
 /* ---- WPA pre-shared key and pass-phrase ----------------------------------------------------- */
 
 /* ---- Security timeouts and MAC authentication ----------------------------------------------- */
