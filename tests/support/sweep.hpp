@@ -18,6 +18,7 @@ struct Step {
     int32_t level = 3;
     bool writes = false; // files may have changed by then
     int leftOpen = 0;    // dictionaries that stay open on purpose
+    std::string thenLog; // a second log line; empty: none
 };
 
 /// An operation whose calls all pass on the prepared access point.
