@@ -4,6 +4,7 @@
 
 #include <gmock/gmock.h>
 
+#include <ostream>
 #include <set>
 
 namespace oru::test {
@@ -36,6 +37,11 @@ struct Item {
     const char *writeText;
     const char *saveText;
 };
+
+std::ostream &operator<<(std::ostream &to, const Item &item)
+{
+    return to << item.name;
+}
 
 const Item kItems[] = {
     {"RegistrarInfo", oruSdkGetRegistrarInfo, setRegistrar, "registrarinfo", kWsm, 0, 3, 110,
