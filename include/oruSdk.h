@@ -1392,15 +1392,448 @@ ORUSDK_API uint32_t oruSdkSetMaxRate(OruSdkMaxRateParam *param);
 
 /* ---- WEP ------------------------------------------------------------------------------------ */
 
+/**
+ * Whether a text holds hexadecimal digits only, of either case. Logs nothing.
+ * @retval 1 it does, or is empty
+ * @retval 0 it holds another character, or text is NULL
+ */
+ORUSDK_API uint32_t isHex(const char *text);
+
 /* ---- WPA pre-shared key and pass-phrase ----------------------------------------------------- */
+
+/**
+ * Sets the pre-shared key of a BSS in WPA mode. Takes effect with the next commit.
+ * Key "bss%d.wpaPsk" of "/var/1x.conf"; reads "bss%d.wpaEnabled". A refused key appears in the log
+ * line.
+ * @param bssIndex 0 to 3; a negative number is not refused and forms its keys with the sign
+ * @param psk      64 hexadecimal digits (the key itself), or 8 to 63 characters in 32 to 126 (a
+ *                 pass-phrase); NULL removes the key from what is loaded, checks that it can be
+ *                 removed, and leaves the file as it is, on purpose
+ * @retval 0   written; with NULL: nothing written
+ * @retval 115 bssIndex is above 3
+ * @retval 7   the file can't be loaded
+ * @retval 26  "bss%d.wpaEnabled" can't be read
+ * @retval 33  WPA is off
+ * @retval 31  64 characters of which one is no hexadecimal digit, or any other length outside 8 to
+ *             63; this refusal and the next leave a handle in memory, on purpose
+ * @retval 41  a character of the pass-phrase is outside 32 to 126
+ * @retval 25  the key can't be written, or not removed
+ * @retval 8   the file can't be saved
+ * @see oruSdkGetWpaPsk
+ */
+ORUSDK_API uint32_t oruSdkSetWpaPsk(int32_t bssIndex, const char *psk);
+
+/**
+ * Reads the pre-shared key of a BSS, whether WPA is on or off.
+ * Key "bss%d.wpaPsk" of "/var/1x.conf".
+ * @param bssIndex 0 to 3; a negative number is not refused and forms its key with the sign
+ * @param psk      room for 65 characters; receives up to 64 and a terminator
+ * @param length   receives the length as it is stored
+ * @retval 0   read
+ * @retval 2   psk or length is NULL
+ * @retval 115 bssIndex is above 3
+ * @retval 7   the file can't be loaded
+ * @retval 72  no key is stored
+ * @see oruSdkSetWpaPsk
+ */
+ORUSDK_API uint32_t oruSdkGetWpaPsk(int32_t bssIndex, char *psk, uint32_t *length);
 
 /* ---- Security timeouts and MAC authentication ----------------------------------------------- */
 
+/** Security timeouts of a BSS. */
+typedef struct OruSdkSecTimeoutsParam {
+    int32_t sessionTimeout;  /**< seconds: 0 (none), or 30 and more */
+    int32_t groupKeyTimeout; /**< seconds between two group keys: 30 and more; anything when
+                                sessionTimeout is 0 */
+} OruSdkSecTimeoutsParam;
+
+/** Static-WEP authentication type of a BSS at the MAC layer. */
+typedef struct OruSdkMacAuthParam {
+    int32_t bssIndex;    /**< 0 to 3; a negative number forms its key with the sign */
+    uint32_t radioIndex; /**< any; appears in log lines alone */
+    uint32_t authType;   /**< 0 to 2; a getter gives what is stored, unchecked */
+} OruSdkMacAuthParam;
+
+/**
+ * Sets the security timeouts of a BSS. Takes effect with the next commit.
+ * Keys "bss%d.sessionTimeout" and "bss%d.groupKeyTimeout" of "/var/1x.conf".
+ * @param param    sessionTimeout 0, or 30 and more; groupKeyTimeout 30 and more, or anything with a
+ *                 sessionTimeout of 0
+ * @param bssIndex 0 to 3
+ * @retval 0   written
+ * @retval 2   param is NULL
+ * @retval 115 bssIndex is above 3
+ * @retval 43  sessionTimeout is below 30 and not 0
+ * @retval 44  groupKeyTimeout is below 30 and sessionTimeout is not 0
+ * @retval 7   the file can't be loaded
+ * @retval 25  a key can't be written
+ * @retval 8   the file can't be saved
+ * @see oruSdkGetSecTimeouts
+ */
+ORUSDK_API uint32_t oruSdkSetSecTimeouts(const OruSdkSecTimeoutsParam *param, uint8_t bssIndex);
+
+/**
+ * Reads the security timeouts of a BSS.
+ * Keys "bss%d.sessionTimeout" and "bss%d.groupKeyTimeout" of "/var/1x.conf".
+ * @param param    receives both as they are stored
+ * @param bssIndex 0 to 3
+ * @retval 0   read
+ * @retval 2   param is NULL
+ * @retval 115 bssIndex is above 3
+ * @retval 7   the file can't be loaded
+ * @retval 42  a key is missing or no number
+ * @see oruSdkSetSecTimeouts
+ */
+ORUSDK_API uint32_t oruSdkGetSecTimeouts(OruSdkSecTimeoutsParam *param, uint8_t bssIndex);
+
+/**
+ * Sets the static-WEP authentication type of a BSS. Takes effect with the next commit.
+ * Key "bss%d.macAuthType" of "/var/1x.conf".
+ * @param param bssIndex 0 to 3; authType 0 to 2
+ * @retval 0   written
+ * @retval 2   param is NULL
+ * @retval 115 bssIndex is above 3
+ * @retval 47  authType is above 2
+ * @retval 7   the file can't be loaded
+ * @retval 25  the key can't be written
+ * @retval 8   the file can't be saved
+ * @see oruSdkGetMacAuth
+ */
+ORUSDK_API uint32_t oruSdkSetMacAuth(const OruSdkMacAuthParam *param);
+
+/**
+ * Reads the static-WEP authentication type of a BSS.
+ * Key "bss%d.macAuthType" of "/var/1x.conf".
+ * @param param bssIndex 0 to 3; authType receives the stored number as it is
+ * @retval 0   read
+ * @retval 2   param is NULL
+ * @retval 115 bssIndex is above 3
+ * @retval 7   the file can't be loaded
+ * @retval 42  the key is missing or no number
+ * @see oruSdkSetMacAuth
+ */
+ORUSDK_API uint32_t oruSdkGetMacAuth(OruSdkMacAuthParam *param);
+
 /* ---- RADIUS servers ------------------------------------------------------------------------- */
+
+/** One RADIUS server. */
+typedef struct OruSdkRadiusServer {
+    char name[65];   /**< name or address: up to 63 characters; a getter gives up to 64 */
+    uint32_t port;   /**< UDP port, unchecked */
+    char secret[66]; /**< shared secret: 1 to 65 characters */
+} OruSdkRadiusServer;
+
+/**
+ * Sets the RADIUS servers of the access point. Takes effect with the next commit.
+ * Keys "radiusTimeout", "radiusMaxTries", "numRadiusServers", "radiusServer.%d", "radiusPort.%d"
+ * and "radiusSecret.%d" (1 to 3) of "/var/1x.conf". Servers beyond numServers stay stored.
+ * @param timeout    seconds to wait for an answer, 0 or more
+ * @param maxTries   attempts; timeout x maxTries is below 20 (a product of 32 bits, wrapping)
+ * @param deadTime   ignored
+ * @param numServers 1 to 3
+ * @param servers    numServers entries
+ * @retval 0  written
+ * @retval 82 timeout is negative
+ * @retval 87 timeout x maxTries is 20 or more
+ * @retval 84 numServers is not 1 to 3
+ * @retval 2  servers is NULL
+ * @retval 7  the file can't be loaded
+ * @retval 85 a name has more than 63 characters; nothing is written
+ * @retval 86 a secret has none or more than 65 characters; nothing is written
+ * @retval 25 a key can't be written
+ * @retval 8  the file can't be saved
+ * @see oruSdkGetRadiusConf
+ */
+ORUSDK_API uint32_t oruSdkSetRadiusConf(int32_t timeout, int32_t maxTries, int32_t deadTime,
+                                        int32_t numServers, const OruSdkRadiusServer *servers);
+
+/**
+ * Reads the RADIUS servers of the access point. The keys are those of oruSdkSetRadiusConf().
+ * @param timeout    receives seconds
+ * @param maxTries   receives attempts
+ * @param deadTime   receives 0xdeadbeef: not supported
+ * @param numServers receives the count, as it is stored
+ * @param servers    three entries, all filled with what is stored, whatever the count; what the
+ *                   file lacks is left as it is
+ * @retval 0  read
+ * @retval 2  a pointer is NULL
+ * @retval 7  the file can't be loaded
+ * @retval 81 "radiusTimeout" is missing: no servers are configured
+ * @retval 26 "radiusMaxTries" or "numRadiusServers" can't be read
+ * @see oruSdkSetRadiusConf
+ */
+ORUSDK_API uint32_t oruSdkGetRadiusConf(uint32_t *timeout, uint32_t *maxTries, uint32_t *deadTime,
+                                        uint32_t *numServers, OruSdkRadiusServer *servers);
 
 /* ---- MAC access-control list ---------------------------------------------------------------- */
 
+/**
+ * Sets the list of station addresses that all BSSes share, and how AA applies it. Takes effect with
+ * the next commit. Keys "localMacAcl", "localMacAclCount" and "localMacAcl.%d" (1 to 256) of
+ * "/var/1x.conf"; entries of an earlier list are removed.
+ * @param mode    0 no list (count and entries are then not looked at), 1 or 2 the two ways of AA
+ * @param count   entries, 0 to 256; a negative number is not refused and stores none
+ * @param entries count fields of 18 bytes, one behind the other: 17 characters and a terminator,
+ *                such as "00:11:22:aa:bb:cc", unchecked
+ * @retval 0  written
+ * @retval 2  mode is NULL
+ * @retval 90 mode is above 2
+ * @retval 7  the file can't be loaded
+ * @retval 2  mode is 1 or 2, and count or entries is NULL
+ * @retval 89 count is above 256
+ * @retval 25 a key can't be written
+ * @retval 8  the file can't be saved
+ * @see oruSdkGetMacAclList
+ */
+ORUSDK_API uint32_t oruSdkSetMacAclList(const uint32_t *mode, const int32_t *count,
+                                        const char *entries);
+
+/**
+ * Reads the list of station addresses. The keys are those of oruSdkSetMacAclList().
+ * @param mode    receives the mode as it is stored
+ * @param count   receives the stored count when the mode is 1 or 2
+ * @param entries room for 256 fields of 18 bytes; receives the stored entries one behind the other:
+ *                an absent one takes no field
+ * @retval 0  read
+ * @retval 2  a pointer is NULL
+ * @retval 7  the file can't be loaded
+ * @retval 26 mode or count can't be read
+ * @retval 89 the stored count is above 256; leaves a handle in memory, on purpose
+ * @retval 91 an entry can't be read; those before it are filled
+ * @see oruSdkSetMacAclList
+ */
+ORUSDK_API uint32_t oruSdkGetMacAclList(uint32_t *mode, int32_t *count, char *entries);
+
 /* ---- WPS configuration ---------------------------------------------------------------------- */
+
+/** Registrar setting of a BSS. */
+typedef struct OruSdkRegistrarParam {
+    int32_t bssIndex;       /**< 0 to 3; a negative number forms its key with the sign */
+    uint32_t radioIndex;    /**< 0 or 1; checked, and not used further */
+    uint32_t registrarInfo; /**< 0 to 3, passed to the services unchanged */
+} OruSdkRegistrarParam;
+
+/** The SSID and BSSID that a client bridge is to join. */
+typedef struct OruSdkClientAdminCritParam {
+    uint32_t radioIndex; /**< 0 or 1; checked, and not used further */
+    char *ssid;          /**< setter: up to 32 characters, or NULL for none; getter: room for 33 */
+    char *bssid; /**< setter: 17 characters, such as "00:11:22:aa:bb:cc", or NULL for none; getter:
+                    room for 18 */
+} OruSdkClientAdminCritParam;
+
+/**
+ * Reads the registrar setting of a BSS.
+ * Key "bss%d.registrarinfo" of "/var/wsmDefaults".
+ * @param bssIndex 0 to 3; a negative number is not refused and forms its key with the sign
+ * @param registrarInfo receives the stored number as it is
+ * @retval 0   read
+ * @retval 115 bssIndex is above 3
+ * @retval 2   registrarInfo is NULL
+ * @retval 7   the file can't be loaded
+ * @retval 109 the key is missing or no number: the feature is off
+ * @see oruSdkSetRegistrarInfo
+ */
+ORUSDK_API uint32_t oruSdkGetRegistrarInfo(int32_t bssIndex, uint32_t *registrarInfo);
+
+/**
+ * Sets the registrar setting of a BSS. Takes effect with the next commit.
+ * Key "bss%d.registrarinfo" of "/var/wsmDefaults".
+ * @param param radioIndex 0 or 1; bssIndex 0 to 3; registrarInfo 0 to 3
+ * @retval 0   written
+ * @retval 2   param is NULL
+ * @retval 3   radioIndex is 2 or more
+ * @retval 115 bssIndex is above 3
+ * @retval 110 registrarInfo is above 3
+ * @retval 7   the file can't be loaded
+ * @retval 25  the key can't be written
+ * @retval 8   the file can't be saved
+ * @see oruSdkGetRegistrarInfo
+ */
+ORUSDK_API uint32_t oruSdkSetRegistrarInfo(OruSdkRegistrarParam *param);
+
+/**
+ * Reads whether a BSS enforces the PIN timeout.
+ * Key "bss%d.enforcepintimeout" of "/var/wsmDefaults".
+ * @param bssIndex 0 to 3; a negative number is not refused and forms its key with the sign
+ * @param enforce receives the stored number as it is
+ * @retval 0   read
+ * @retval 115 bssIndex is above 3
+ * @retval 2   enforce is NULL
+ * @retval 7   the file can't be loaded
+ * @retval 42  the key is missing or no number
+ * @see oruSdkSetApEnforcePinTimeout
+ */
+ORUSDK_API uint32_t oruSdkGetApEnforcePinTimeout(int32_t bssIndex, uint32_t *enforce);
+
+/**
+ * Sets whether a BSS enforces the PIN timeout. Takes effect with the next commit.
+ * Key "bss%d.enforcepintimeout" of "/var/wsmDefaults".
+ * @param bssIndex 0 to 3; a negative number is not refused and forms its key with the sign
+ * @param enforce 0 or 1
+ * @retval 0   written
+ * @retval 40  enforce is above 1
+ * @retval 115 bssIndex is above 3
+ * @retval 7   the file can't be loaded
+ * @retval 25  the key can't be written
+ * @retval 8   the file can't be saved
+ * @see oruSdkGetApEnforcePinTimeout
+ */
+ORUSDK_API uint32_t oruSdkSetApEnforcePinTimeout(int32_t bssIndex, uint32_t enforce);
+
+/**
+ * Reads the WPS state of a BSS.
+ * Key "bss%d.wpsstate" of "/var/wsmDefaults".
+ * @param bssIndex 0 to 3; a negative number is not refused and forms its key with the sign
+ * @param state receives the stored number as it is
+ * @retval 0   read
+ * @retval 115 bssIndex is above 3
+ * @retval 2   state is NULL
+ * @retval 7   the file can't be loaded
+ * @retval 109 the key is missing or no number: the feature is off
+ * @see oruSdkSetWscState
+ */
+ORUSDK_API uint32_t oruSdkGetWscState(int32_t bssIndex, uint32_t *state);
+
+/**
+ * Sets the WPS state of a BSS. Takes effect with the next commit.
+ * Key "bss%d.wpsstate" of "/var/wsmDefaults".
+ * @param bssIndex 0 to 3; a negative number is not refused and forms its key with the sign
+ * @param state 1 or 2, passed to the services unchanged
+ * @retval 0   written
+ * @retval 40  state is neither 1 nor 2
+ * @retval 115 bssIndex is above 3
+ * @retval 7   the file can't be loaded
+ * @retval 25  the key can't be written
+ * @retval 8   the file can't be saved
+ * @see oruSdkGetWscState
+ */
+ORUSDK_API uint32_t oruSdkSetWscState(int32_t bssIndex, uint32_t state);
+
+/**
+ * Reads whether WPS is on for a BSS.
+ * Key "bss%d.wscEnabledFlag" of "/var/1x.conf".
+ * @param bssIndex 0 to 3; a negative number is not refused and forms its key with the sign
+ * @param enabled receives the stored number as it is
+ * @retval 0   read
+ * @retval 115 bssIndex is above 3
+ * @retval 2   enabled is NULL
+ * @retval 7   the file can't be loaded
+ * @retval 109 the key is missing or no number: the feature is off
+ * @see oruSdkSetWsc
+ */
+ORUSDK_API uint32_t oruSdkGetWsc(int32_t bssIndex, uint32_t *enabled);
+
+/**
+ * Sets whether WPS is on for a BSS. Takes effect with the next commit.
+ * Key "bss%d.wscEnabledFlag" of "/var/1x.conf".
+ * @param bssIndex 0 to 3; a negative number is not refused and forms its key with the sign
+ * @param enabled 0 (off) or 1 (on)
+ * @retval 0   written
+ * @retval 40  enabled is above 1
+ * @retval 115 bssIndex is above 3
+ * @retval 7   the file can't be loaded
+ * @retval 25  the key can't be written
+ * @retval 8   the file can't be saved
+ * @see oruSdkGetWsc
+ */
+ORUSDK_API uint32_t oruSdkSetWsc(int32_t bssIndex, uint32_t enabled);
+
+/**
+ * Reads the UUID of a BSS.
+ * Key "bss%d.uuid" of "/var/wsmDefaults".
+ * @param bssIndex 0 to 3; a negative number is not refused and forms its key with the sign
+ * @param uuid     room for 33 characters; receives the stored text and a terminator
+ * @param length   receives the length of the text
+ * @retval 0   read
+ * @retval 2   uuid or length is NULL
+ * @retval 115 bssIndex is above 3
+ * @retval 7   the file can't be loaded
+ * @retval 42  the key is missing
+ * @retval 108 the stored text has more than 32 characters
+ * @see oruSdkSetUuid
+ */
+ORUSDK_API uint32_t oruSdkGetUuid(int32_t bssIndex, char *uuid, uint32_t *length);
+
+/**
+ * Sets the UUID of a BSS. Takes effect with the next commit.
+ * Key "bss%d.uuid" of "/var/wsmDefaults".
+ * @param bssIndex 0 to 3; a negative number is not refused and forms its key with the sign
+ * @param uuid     32 hexadecimal digits, stored as given
+ * @retval 0   written
+ * @retval 2   uuid is NULL
+ * @retval 115 bssIndex is above 3
+ * @retval 111 uuid is not 32 characters long, or one of them is no hexadecimal digit
+ * @retval 7   the file can't be loaded
+ * @retval 25  the key can't be written
+ * @retval 8   the file can't be saved
+ * @see oruSdkGetUuid
+ */
+ORUSDK_API uint32_t oruSdkSetUuid(int32_t bssIndex, const char *uuid);
+
+/**
+ * Reads the interface on which WPS runs for a BSS.
+ * Key "bss%d.wpsintf" of "/var/wsmDefaults".
+ * @param bssIndex  0 to 3; a negative number is not refused and forms its key with the sign
+ * @param interface room for 10 characters; receives the stored name and a terminator
+ * @param length    receives the length of the name
+ * @retval 0   read
+ * @retval 2   interface or length is NULL
+ * @retval 115 bssIndex is above 3
+ * @retval 7   the file can't be loaded
+ * @retval 109 the key is missing: the feature is off
+ * @retval 1   the stored name has more than 9 characters
+ * @see oruSdkSetWpsIntf
+ */
+ORUSDK_API uint32_t oruSdkGetWpsIntf(int32_t bssIndex, char *interface, uint32_t *length);
+
+/**
+ * Sets the interface on which WPS runs for a BSS. Takes effect with the next commit.
+ * Key "bss%d.wpsintf" of "/var/wsmDefaults".
+ * @param bssIndex  0 to 3; a negative number is not refused and forms its key with the sign
+ * @param interface any text, of which the first 9 characters are stored
+ * @retval 0   written
+ * @retval 115 bssIndex is above 3
+ * @retval 2   interface is NULL
+ * @retval 7   the file can't be loaded
+ * @retval 25  the key can't be written
+ * @retval 8   the file can't be saved
+ * @see oruSdkGetWpsIntf
+ */
+ORUSDK_API uint32_t oruSdkSetWpsIntf(int32_t bssIndex, const char *interface);
+
+/**
+ * Reads which SSID and BSSID a client bridge is to join.
+ * Keys "wdsRulesSsId" and "bssId" of "/var/wsmDefaults".
+ * @param param radioIndex 0 or 1; ssid and bssid receive the stored texts, cut to 32 and 17
+ *              characters, with a terminator
+ * @retval 0  read
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 2  ssid or bssid is NULL
+ * @retval 7  the file can't be loaded
+ * @retval 42 a key is missing
+ * @see oruSdkSetClientAdminCrit
+ */
+ORUSDK_API uint32_t oruSdkGetClientAdminCrit(OruSdkClientAdminCritParam *param);
+
+/**
+ * Sets which SSID and BSSID a client bridge is to join. Takes effect with the next commit.
+ * Keys "wdsRulesSsId", "bssNum" and "bssId" of "/var/wsmDefaults" and "ssid" of "/var/1x.conf".
+ * Without an SSID an empty one is stored, without a BSSID the count 0 and an address of zeros.
+ * "/var/wsmDefaults" is saved first, and stays so when the other file can't be saved.
+ * @param param radioIndex 0 or 1; ssid up to 32 characters or NULL; bssid 17 characters, unchecked,
+ *              or NULL
+ * @retval 0  written
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 79 ssid has more than 32 characters
+ * @retval 78 bssid has not exactly 17 characters
+ * @retval 7  a file can't be loaded
+ * @retval 25 a key can't be written; nothing is saved
+ * @retval 8  a file can't be saved
+ * @see oruSdkGetClientAdminCrit
+ */
+ORUSDK_API uint32_t oruSdkSetClientAdminCrit(OruSdkClientAdminCritParam *param);
 
 /* ---- WPS device PIN and password ------------------------------------------------------------ */
 
@@ -1702,6 +2135,35 @@ ORUSDK_API uint32_t oruSdkSetAdminStatus(OruSdkFeatureParam *param);
 ORUSDK_API uint32_t sendDisAssocReq(const uint8_t *macAddr);
 
 /* ---- BSS summary ---------------------------------------------------------------------------- */
+
+/** Summary of one BSS. */
+typedef struct OruSdkBssInfoParam {
+    int32_t bssIndex;      /**< 0 to 3; a negative number forms its key with the sign */
+    char ssid[33];         /**< up to 32 characters, NUL-terminated */
+    uint32_t suppressSsid; /**< whether the SSID is hidden, as it is stored */
+    char securityMode[12]; /**< "OPEN Mode", "WEP Mode", "WPA ", "WPA2 ", "WPA + WPA2 " or
+                              "UnKNown"; left as it is with dynamic WEP alone */
+} OruSdkBssInfoParam;
+
+/**
+ * Summarises one BSS, with the checks that oruSdkCommitAll() makes of it (except for the pre-shared
+ * key and a missing security mode). Reads "bss%d.ssId" and "bss%d.suppressSSIDFlag" of
+ * "/var/wsmDefaults" and "bss%d.openAccessEnabled", "bss%d.wpaEnabled", "bss%d.wepEnabled",
+ * "bss%d.dynamicWepEnabled", "bss%d.wpaAuthTypes", "bss%d.wpaEncTypes", "bss%d.mixedIeMode",
+ * "radiusServer.1" of "/var/1x.conf".
+ * @param param bssIndex 0 to 3; the other fields are filled in their order
+ * @retval 0   read
+ * @retval 2   param is NULL
+ * @retval 115 bssIndex is above 3
+ * @retval 7   a file can't be loaded
+ * @retval 42  the SSID is missing, or whether it is hidden
+ * @retval 23  the stored SSID has more than 32 characters
+ * @retval 26  one of the first three flags can't be read; dynamic WEP is then taken as off instead
+ * @retval 73  WPA is on, and the authentication type is missing
+ * @retval 74  WPA is on, and the encryption type is missing
+ * @retval 81  the BSS needs a RADIUS server, and none is configured
+ */
+ORUSDK_API uint32_t oruSdkGetBssInfoParam(OruSdkBssInfoParam *param);
 
 #ifdef __cplusplus
 }

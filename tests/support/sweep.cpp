@@ -36,6 +36,8 @@ TEST_P(FailureSweep, EachCallThatFailsGivesItsCodeOneLogLineAndLeavesNothingOpen
             EXPECT_EQ(code, step.code);
             if (step.log.empty()) {
                 EXPECT_NOTHING_LOGGED();
+            } else if (!step.thenLog.empty()) {
+                expectLogged(step.level, {step.log, step.thenLog}, __FILE__, __LINE__);
             } else {
                 EXPECT_LOGGED_AT(step.level, step.log);
             }

@@ -16,8 +16,9 @@ struct Step {
     uint32_t code;    // 0: the operation goes on
     std::string log;  // the one log line; empty: none
     int32_t level = 3;
-    bool writes = false; // files may have changed by then
-    int leftOpen = 0;    // dictionaries that stay open on purpose
+    bool writes = false;      // files may have changed by then
+    int leftOpen = 0;         // dictionaries that stay open on purpose
+    std::string thenLog = {}; // a second log line; empty: none
 };
 
 /// An operation whose calls all pass on the prepared access point.
