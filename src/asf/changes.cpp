@@ -3,6 +3,7 @@
 #include "lines.hpp"
 #include "text.hpp"
 
+#include <cstdlib>
 #include <cstring>
 
 using std::string_view;
@@ -93,12 +94,12 @@ bool Changes::collectBySearching(string_view text, List<Splice> &splices)
             line = findLastLine(before(text, line), change.key());
         }
     }
-    for (uint32_t i = 1; i < splices.size(); ++i)
-        for (uint32_t k = i; k > 0 && splices[k].begin < splices[k - 1].begin; --k) {
-            const Splice later = splices[k - 1];
-            splices[k - 1] = splices[k];
-            splices[k] = later;
-        }
+    if (splices.size() > 1)
+        std::qsort(splices.begin(), splices.size(), sizeof(Splice),
+                   [](const void *a, const void *b) {
+                       const auto *one = static_cast<const Splice *>(a);
+                       return one->begin < static_cast<const Splice *>(b)->begin ? -1 : 1;
+                   });
     return true;
 }
 

@@ -32,7 +32,6 @@ public:
     Composed &operator=(const Composed &) = delete;
 
     [[nodiscard]] std::string_view text() const { return text_; }
-    [[nodiscard]] bool changed() const { return block_ != nullptr; }
 
 private:
     friend class Changes;

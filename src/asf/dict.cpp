@@ -32,7 +32,7 @@ struct OruAsfDict {
             return nullptr;
         }
         std::memset(text - kFrontRoom, '\n', kFrontRoom);
-        return new (file.block) OruAsfDict({text, file.size}, file.state);
+        return new (file.block) OruAsfDict({text, file.size});
     }
 
     static void destroy(OruAsfDict *dict)
@@ -87,7 +87,7 @@ struct OruAsfDict {
         const RootedPath rooted{path};
         Composed bytes{text_};
         if (rooted.empty() || !changes_.compose(text_, bytes)) return -1;
-        return replaceFile(rooted.text(), bytes.text(), bytes.changed() ? nullptr : &state_);
+        return replaceFile(rooted.text(), bytes.text());
     }
 
     template <class Visit>
@@ -104,7 +104,9 @@ struct OruAsfDict {
             if (name == nullptr) return result = -1, false;
             name[key.size()] = '\0';
             const char *value = nullptr;
-            read({key.data() + key.size() + 1, line.size() - key.size() - 1}, &value);
+            const string_view written{key.data() + key.size() + 1, line.size() - key.size() - 1};
+            const bool damaged = readSize(written) < 0;
+            if (read(written, &value) < 0 && !damaged) return result = -1, false;
             return (result = visit(name, value)) == 0;
         });
         return result;
@@ -115,7 +117,7 @@ private:
     /// twice, where an index costs more than it saves, and a few ask for dozens of keys.
     static constexpr uint32_t kSearches = 2;
 
-    OruAsfDict(string_view text, const FileState &state) : text_(text), state_(state) {}
+    explicit OruAsfDict(string_view text) : text_(text) {}
     ~OruAsfDict() = default;
 
     string_view findLoaded(string_view key)
@@ -134,7 +136,6 @@ private:
     }
 
     const string_view text_;
-    const FileState state_;
     uint32_t lookUps_ = 0;
     LineIndex index_;
     Changes changes_;

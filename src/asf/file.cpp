@@ -8,14 +8,10 @@
 #include <cstdlib>
 #include <cstring>
 #include <sys/file.h>
+#include <sys/stat.h>
 
 namespace oru {
 namespace {
-
-bool sameTime(const timespec &one, const timespec &other)
-{
-    return one.tv_sec == other.tv_sec && one.tv_nsec == other.tv_nsec;
-}
 
 /// Reads up to size bytes; fewer only at the end of the file. -1 on failure.
 ssize_t readWhole(int file, char *to, size_t size)
@@ -110,9 +106,9 @@ private:
 /// kernel drops with its holder.
 class Temporary {
 public:
-    Temporary(int folder, const char *target) : folder_(folder)
+    Temporary(int folder, const Target &target) : folder_(folder), target_(target)
     {
-        const int length = std::snprintf(name_, sizeof name_, ".%s.new", target);
+        const int length = std::snprintf(name_, sizeof name_, ".%s.new", target.name());
         if (length <= 0 || static_cast<size_t>(length) >= sizeof name_) return;
 
         constexpr int kMostTurns = 100000;
@@ -122,14 +118,13 @@ public:
                 if (errno == EINTR || discardForeign()) continue;
                 return;
             }
-            if (uninterrupted([&] { return ::flock(file.number(), LOCK_EX); }) != 0) return;
-            switch (inspect(file.number())) {
-            case State::fresh: file_ = file.release(); return;
+            switch (take(file.number())) {
+            case State::ours: file_ = file.release(); return;
             case State::replaced: continue; // a saver before us renamed it to its place
             case State::leftOver:
                 if (::unlinkat(folder_, name_, 0) != 0) return;
                 continue;
-            case State::unknown: return;
+            case State::unusable: ::unlinkat(folder_, name_, 0); return;
             }
         }
     }
@@ -145,25 +140,20 @@ public:
     explicit operator bool() const { return file_ >= 0; }
     [[nodiscard]] int number() const { return file_; }
 
-    bool adopt(const Target &target) const
+    bool setMode() const
     {
-        const mode_t mode = target.exists() ? target.status().st_mode & 07777 : 0600;
-        const uid_t user = target.exists() ? target.status().st_uid : status_.st_uid;
-        const gid_t group = target.exists() ? target.status().st_gid : status_.st_gid;
-        if ((user != status_.st_uid || group != status_.st_gid) &&
-            ::fchown(file_, user, group) != 0)
-            return false;
+        const mode_t mode = target_.exists() ? target_.status().st_mode & 07777 : 0600;
         return mode == (status_.st_mode & 07777) || ::fchmod(file_, mode) == 0;
     }
 
-    bool renameTo(const char *target)
+    bool rename()
     {
-        renamed_ = ::renameat(folder_, name_, folder_, target) == 0;
+        renamed_ = ::renameat(folder_, name_, folder_, target_.name()) == 0;
         return renamed_;
     }
 
 private:
-    enum class State { fresh, replaced, leftOver, unknown };
+    enum class State { ours, replaced, leftOver, unusable };
 
     int open() const
     {
@@ -172,29 +162,47 @@ private:
     }
 
     /// Removes what stands under our name and can't be opened: another user's left-over, a link.
+    /// Those who can't keep the target's owner keep their hands off: their save fails anyway.
     bool discardForeign() const
     {
         const bool inTheWay = errno == EACCES || errno == ELOOP || errno == ENXIO || errno == EPERM;
-        return inTheWay && ::unlinkat(folder_, name_, 0) == 0;
+        const uid_t user = ::geteuid();
+        const bool entitled = !target_.exists() || user == 0 || user == target_.status().st_uid;
+        return inTheWay && entitled && ::unlinkat(folder_, name_, 0) == 0;
     }
 
-    /// What was opened and locked. Only an empty file of our own that nobody else can have open
-    /// for reading is written to; a killed save's left-over gives way to a new one.
-    State inspect(int file)
+    /// Waits for our turn with what was opened. Only an empty file of our own that nobody else can
+    /// have open for reading is written to; a killed save's left-over gives way to a new one.
+    State take(int file)
     {
-        struct stat named {};
-        if (::fstat(file, &status_) != 0) return State::unknown;
-        if (::fstatat(folder_, name_, &named, AT_SYMLINK_NOFOLLOW) != 0)
-            return errno == ENOENT ? State::replaced : State::unknown;
-        if (named.st_ino != status_.st_ino || named.st_dev != status_.st_dev)
-            return State::replaced;
+        if (uninterrupted([&] { return ::flock(file, LOCK_EX); }) != 0 ||
+            ::fstat(file, &status_) != 0)
+            return State::unusable;
+        if (const State state = whoseName(); state != State::ours) return state;
         const bool fresh = S_ISREG(status_.st_mode) && status_.st_size == 0 &&
                            status_.st_nlink == 1 && status_.st_uid == ::geteuid() &&
                            (status_.st_mode & 077) == 0;
-        return fresh ? State::fresh : State::leftOver;
+        if (!fresh) return State::leftOver;
+
+        // Before the bytes, so that the owner can wait for our lock. Up to here the owner could
+        // only take the file for another user's left-over, hence the second look at the name.
+        const struct stat &owner = target_.exists() ? target_.status() : status_;
+        if (owner.st_uid == status_.st_uid && owner.st_gid == status_.st_gid) return State::ours;
+        if (::fchown(file, owner.st_uid, owner.st_gid) != 0) return State::unusable;
+        return whoseName();
+    }
+
+    [[nodiscard]] State whoseName() const
+    {
+        struct stat named {};
+        if (::fstatat(folder_, name_, &named, AT_SYMLINK_NOFOLLOW) != 0)
+            return errno == ENOENT ? State::replaced : State::unusable;
+        const bool same = named.st_ino == status_.st_ino && named.st_dev == status_.st_dev;
+        return same ? State::ours : State::replaced;
     }
 
     int folder_;
+    const Target &target_;
     int file_ = -1;
     bool renamed_ = false;
     struct stat status_ {};
@@ -218,18 +226,6 @@ bool syncFolder(int folder)
 
 } // namespace
 
-FileState::FileState(const struct stat &from)
-    : device(from.st_dev), inode(from.st_ino), size(from.st_size), modified(from.st_mtim),
-      changed(from.st_ctim)
-{
-}
-
-bool FileState::operator==(const FileState &other) const
-{
-    return device == other.device && inode == other.inode && size == other.size &&
-           sameTime(modified, other.modified) && sameTime(changed, other.changed);
-}
-
 ReadFile readFile(const char *path, size_t front)
 {
     // Without O_NONBLOCK, a FIFO in the file's place would hold the caller for ever.
@@ -247,17 +243,15 @@ ReadFile readFile(const char *path, size_t front)
         std::free(block);
         return {};
     }
-    return {block, static_cast<size_t>(got), FileState{status}};
+    return {block, static_cast<size_t>(got)};
 }
 
-int32_t replaceFile(const char *path, std::string_view bytes, const FileState *unchanged)
+int32_t replaceFile(const char *path, std::string_view bytes)
 {
     if (bytes.size() > kMaxText) return -1;
     const Target target{path};
     if (!target.valid()) return -1;
     if (target.exists()) {
-        const FileState now{target.status()};
-        if (unchanged != nullptr && *unchanged == now) return 0;
         const bool sameSize = target.status().st_size == static_cast<off_t>(bytes.size());
         if (sameSize && holds(target.path(), bytes)) return 0;
         if (::faccessat(AT_FDCWD, target.path(), W_OK, AT_EACCESS) != 0) return -1;
@@ -265,10 +259,10 @@ int32_t replaceFile(const char *path, std::string_view bytes, const FileState *u
 
     const Descriptor folder = target.openFolder();
     if (!folder) return -1;
-    Temporary temporary{folder.number(), target.name()};
-    if (!temporary || !writeWhole(temporary.number(), bytes) || !temporary.adopt(target)) return -1;
+    Temporary temporary{folder.number(), target};
+    if (!temporary || !writeWhole(temporary.number(), bytes) || !temporary.setMode()) return -1;
     if (uninterrupted([&] { return ::fsync(temporary.number()); }) != 0) return -1;
-    if (!temporary.renameTo(target.name())) return -1;
+    if (!temporary.rename()) return -1;
     return syncFolder(folder.number()) ? 0 : -1;
 }
 

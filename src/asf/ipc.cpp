@@ -35,6 +35,7 @@ namespace {
 
 constexpr char kFolder[] = "/run/oru";
 constexpr time_t kLongestConnect = 2; // seconds, to a service with a full queue
+constexpr mode_t kMode = 0660;        // owner and group may connect, whatever the umask
 constexpr int kQueue = 1024;          // callers that wait to be accepted
 
 template <size_t N>
@@ -134,17 +135,13 @@ int64_t nowMs()
 /// Waits until something can be read, or the peer has gone: 1; 0 when the time is over; -1.
 int waitFor(int descriptor, uint32_t waitMs)
 {
+    const int64_t end = nowMs() + waitMs + 1;
     pollfd entry{descriptor, POLLIN, 0};
-    int ready = ::poll(&entry, 1, static_cast<int>(waitMs < INT_MAX ? waitMs : INT_MAX));
-    if (ready >= 0 || errno != EINTR) return ready;
-
-    const int64_t end = nowMs() + waitMs;
-    while (ready < 0 && errno == EINTR) {
-        const int64_t left = end - nowMs();
-        ready =
-            ::poll(&entry, 1, left <= 0 ? 0 : static_cast<int>(left < INT_MAX ? left : INT_MAX));
+    for (int64_t left = waitMs;; left = end - nowMs()) {
+        if (left < 0) left = 0;
+        const int ready = ::poll(&entry, 1, static_cast<int>(left < INT_MAX ? left : INT_MAX));
+        if (ready >= 0 || errno != EINTR) return ready;
     }
-    return ready;
 }
 
 OruAsfIpc *newHandle(int socket)
@@ -173,8 +170,7 @@ void makeFolders(char *path)
 /// Binds the service's socket, replacing one that nobody listens on any more.
 bool bindSocket(int socket, const OruAsfListener &listener, const Address &address)
 {
-    // Owner and group may connect. The mode is set before the socket has a name.
-    ::fchmod(socket, 0660);
+    ::fchmod(socket, kMode); // before it has a name, so that nobody else ever connects
     if (::bind(socket, address.get(), Address::size()) == 0) return true;
     if (errno != EADDRINUSE) return false;
 
@@ -192,11 +188,10 @@ bool startListening(OruAsfListener &listener, uint32_t port, uint32_t version)
 {
     struct stat status {};
     if (!bindSocket(listener.socket, listener, Address{port, version})) return false;
-    if (::listen(listener.socket, kQueue) != 0 ||
-        ::fstatat(listener.folder, listener.name, &status, AT_SYMLINK_NOFOLLOW) != 0)
-        return false;
+    const bool listening = ::listen(listener.socket, kQueue) == 0;
+    if (::fstatat(listener.folder, listener.name, &status, AT_SYMLINK_NOFOLLOW) != 0) return false;
     listener.inode = status.st_ino;
-    return true;
+    return listening && ::fchmodat(listener.folder, listener.name, kMode, 0) == 0;
 }
 
 } // namespace
@@ -231,7 +226,10 @@ int32_t oruAsfIpcCheck(OruAsfIpc *ipc, uint32_t waitMs)
 int32_t oruAsfIpcRecv(OruAsfIpc *ipc, void *buffer, uint32_t size)
 {
     if (ipc == nullptr || buffer == nullptr || size == 0 || size > INT32_MAX) return -1;
-    const ssize_t got = uninterrupted([&] { return ::recv(ipc->socket, buffer, size, 0); });
+    const auto receive = [&] { return ::recv(ipc->socket, buffer, size, 0); };
+    ssize_t got = uninterrupted(receive);
+    // Told once when the peer closed before it read all; its last messages stand behind that.
+    if (got < 0 && errno == ECONNRESET) got = uninterrupted(receive);
     return got < 0 ? -1 : static_cast<int32_t>(got);
 }
 
@@ -250,7 +248,10 @@ int32_t oruAsfIpcDescriptor(const OruAsfIpc *ipc)
 OruAsfListener *oruAsfIpcListen(uint32_t port, uint32_t version)
 {
     RootedPath path{kFolder};
-    if (path.empty()) return nullptr;
+    if (path.empty()) {
+        errno = ENAMETOOLONG;
+        return nullptr;
+    }
     makeFolders(path.writable());
 
     auto *listener = static_cast<OruAsfListener *>(std::malloc(sizeof(OruAsfListener)));

@@ -74,7 +74,7 @@ extern "C" void oruAsfLogMsg(int32_t level, const char *source, int32_t line, in
     va_list values;
     va_start(values, format);
     errno = error; // for %m
-    std::vsnprintf(text, sizeof text, format, values);
+    if (std::vsnprintf(text, sizeof text, format, values) < 0) text[0] = '\0';
     va_end(values);
     size_t length = std::strlen(text);
     while (length > 0 && text[length - 1] == '\n') text[--length] = '\0';
