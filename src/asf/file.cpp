@@ -76,7 +76,8 @@ public:
             std::memcpy(folder, path_, length);
             folder[length] = '\0';
         }
-        return Descriptor{::open(folder, O_RDONLY | O_DIRECTORY | O_CLOEXEC)};
+        return Descriptor{
+            uninterrupted([&] { return ::open(folder, O_RDONLY | O_DIRECTORY | O_CLOEXEC); })};
     }
 
 private:

@@ -1,0 +1,36 @@
+// System calls and allocations that stand before libc's in a test executable. They pass everything
+// on until a test arms them; then the n-th one fails, or ends the process.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace oru::test {
+
+class Faults {
+public:
+    /// What the call in question does. `cut` lets a write end early, and is no failure.
+    enum class Kind { none, fail, die, cut };
+
+    /// Counts and notes every system call from here to disarm(); the n-th one (1 is the first)
+    /// meets its fault. With `only`, just the calls of that name count.
+    static void arm(Kind kind = Kind::none, int n = 0, int error = 0, const char *only = nullptr);
+
+    /// The names of the calls since arm().
+    static std::vector<std::string> disarm();
+
+    /// The lowest descriptor that a call since arm() read, wrote, locked or synced.
+    static int lowestDescriptor();
+
+    /// Whether the n-th call was reached.
+    static bool struck();
+
+    /// Lets the n-th allocation from here to allowMemory() fail.
+    static void denyMemory(int n);
+    /// Whether one was denied.
+    static bool allowMemory();
+    /// Allocations less frees since denyMemory().
+    static int blocksLeft();
+};
+
+} // namespace oru::test
