@@ -18,6 +18,12 @@ using namespace oru::test;
 using std::optional;
 using std::string;
 
+// That saves are synced has tests of its own; the thousands of this file need not wait for a disk.
+extern "C" int fsync(int)
+{
+    return 0;
+}
+
 namespace {
 
 constexpr const char *kFile = "/config";
@@ -485,7 +491,7 @@ TEST_F(DictionarySave, ReadsEveryAwkwardValueBackAndTouchesNoOtherKey)
                                   string(100000, '"')};
     for (int code = 1; code < 256; ++code) values.emplace_back(1, static_cast<char>(code));
     std::mt19937 random{20213};
-    for (int round = 0; round < 4000; ++round) {
+    for (int round = 0; round < 1500; ++round) {
         string value(random() % 64, '\0');
         for (char &byte : value) byte = static_cast<char>(random() % 255 + 1);
         values.push_back(value);

@@ -103,7 +103,6 @@ using namespace oru::test;
     }
 
 INTERPOSE_FILE(ssize_t, read, (int file, void *to, size_t size), (file, to, size))
-INTERPOSE_FILE(int, fsync, (int file), (file))
 INTERPOSE_FILE(int, flock, (int file, int operation) noexcept, (file, operation))
 INTERPOSE_FILE(int, fchmod, (int file, mode_t mode) noexcept, (file, mode))
 INTERPOSE_FILE(int, fchown, (int file, uid_t user, gid_t group) noexcept, (file, user, group))
@@ -116,6 +115,12 @@ INTERPOSE(int, unlinkat, (int folder, const char *name, int flags) noexcept, (fo
 INTERPOSE(int, renameat, (int from, const char *old, int to, const char *name) noexcept,
           (from, old, to, name))
 INTERPOSE(ssize_t, readlink, (const char *path, char *to, size_t size) noexcept, (path, to, size))
+
+// No test can see whether a disk holds what it should, so none waits for it.
+extern "C" int fsync(int file)
+{
+    return strikesFile("fsync", file) || ::fcntl(file, F_GETFD) < 0 ? -1 : 0;
+}
 
 extern "C" ssize_t write(int file, const void *bytes, size_t size)
 {

@@ -285,10 +285,12 @@ int onSmallDisk(const TempDir &box, Body body)
     ::mkdir(box.at("/disk").c_str(), 0755);
     return inChild([&] {
         const uid_t user = ::geteuid();
+        const gid_t group = ::getegid();
         if (::unshare(user == 0 ? CLONE_NEWNS : CLONE_NEWNS | CLONE_NEWUSER) != 0) return kNotHere;
         if (user != 0) {
             std::ofstream{"/proc/self/setgroups"} << "deny";
             std::ofstream{"/proc/self/uid_map"} << "0 " << user << " 1";
+            std::ofstream{"/proc/self/gid_map"} << "0 " << group << " 1";
         }
         if (::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
             ::mount("none", box.at("/disk").c_str(), "tmpfs", 0, "size=64k") != 0)
