@@ -685,6 +685,28 @@ TEST_F(SaveMemory, ThatIsDeniedFailsOrDoesNoHarmAndNothingLeaks)
     EXPECT_GT(n, 10);
 }
 
+TEST_F(SaveMemory, ThatIsDeniedToAVisitIsNotTakenForADamagedValue)
+{
+    box.write(kFile, "key=\"" + string(10000, 'x') + "\"\n");
+    OruAsfDict *dict = nullptr;
+    ASSERT_EQ(oruAsfDictCreate(&dict, kFile), 0);
+    const auto isDamaged = [](void *, const char *, const char *value) {
+        return value == nullptr ? 1 : 0;
+    };
+    int n = 1;
+    for (;; ++n) {
+        Faults::denyMemory(n);
+        const int32_t result = oruAsfDictVisit(dict, isDamaged, nullptr);
+        if (!Faults::allowMemory()) {
+            EXPECT_EQ(result, 0);
+            break;
+        }
+        EXPECT_EQ(result, -1) << n;
+    }
+    EXPECT_GT(n, 1);
+    oruAsfDictFree(dict);
+}
+
 TEST_F(SaveMemory, ThatIsDeniedToASaveLeavesTheOldFile)
 {
     OruAsfDict *dict = nullptr;
