@@ -32,6 +32,7 @@ public:
     Composed &operator=(const Composed &) = delete;
 
     [[nodiscard]] std::string_view text() const { return text_; }
+    [[nodiscard]] bool differs() const { return block_ != nullptr; }
 
 private:
     friend class Changes;

@@ -32,7 +32,7 @@ struct OruAsfDict {
             return nullptr;
         }
         std::memset(text - kFrontRoom, '\n', kFrontRoom);
-        return new (file.block) OruAsfDict({text, file.size});
+        return new (file.block) OruAsfDict({text, file.size}, file.state);
     }
 
     static void destroy(OruAsfDict *dict)
@@ -87,7 +87,7 @@ struct OruAsfDict {
         const RootedPath rooted{path};
         Composed bytes{text_};
         if (rooted.empty() || !changes_.compose(text_, bytes)) return -1;
-        return replaceFile(rooted.text(), bytes.text());
+        return replaceFile(rooted.text(), bytes.text(), bytes.differs() ? nullptr : &state_);
     }
 
     template <class Visit>
@@ -117,7 +117,7 @@ private:
     /// twice, where an index costs more than it saves, and a few ask for dozens of keys.
     static constexpr uint32_t kSearches = 2;
 
-    explicit OruAsfDict(string_view text) : text_(text) {}
+    OruAsfDict(string_view text, const FileState &state) : text_(text), state_(state) {}
     ~OruAsfDict() = default;
 
     string_view findLoaded(string_view key)
@@ -136,6 +136,7 @@ private:
     }
 
     const string_view text_;
+    const FileState state_;
     uint32_t lookUps_ = 0;
     LineIndex index_;
     Changes changes_;

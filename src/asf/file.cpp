@@ -227,6 +227,23 @@ bool syncFolder(int folder)
 
 } // namespace
 
+FileState::FileState(const struct stat &status, const timespec &now)
+    : device(status.st_dev), inode(status.st_ino), size(status.st_size), changed(status.st_ctim)
+{
+    // A file's times move with the kernel's tick. Two changes within one look like one, so a state
+    // counts only when the file had been at rest for longer.
+    constexpr int64_t kRestNs = 50'000'000;
+    const int64_t seconds = now.tv_sec - changed.tv_sec;
+    known = seconds > 1 ||
+            (seconds >= 0 && seconds * 1'000'000'000 + now.tv_nsec - changed.tv_nsec > kRestNs);
+}
+
+bool FileState::stillHolds(const struct stat &status) const
+{
+    return known && device == status.st_dev && inode == status.st_ino && size == status.st_size &&
+           changed.tv_sec == status.st_ctim.tv_sec && changed.tv_nsec == status.st_ctim.tv_nsec;
+}
+
 ReadFile readFile(const char *path, size_t front)
 {
     // Without O_NONBLOCK, a FIFO in the file's place would hold the caller for ever.
@@ -236,6 +253,8 @@ ReadFile readFile(const char *path, size_t front)
     if (!file || ::fstat(file.number(), &status) != 0) return {};
     if (!S_ISREG(status.st_mode) || status.st_size > static_cast<off_t>(kMaxText)) return {};
 
+    timespec now{};
+    ::clock_gettime(CLOCK_REALTIME_COARSE, &now);
     const auto size = static_cast<size_t>(status.st_size);
     auto *block = static_cast<char *>(std::malloc(front + size + 1));
     if (block == nullptr) return {};
@@ -244,15 +263,16 @@ ReadFile readFile(const char *path, size_t front)
         std::free(block);
         return {};
     }
-    return {block, static_cast<size_t>(got)};
+    return {block, static_cast<size_t>(got), FileState{status, now}};
 }
 
-int32_t replaceFile(const char *path, std::string_view bytes)
+int32_t replaceFile(const char *path, std::string_view bytes, const FileState *holdsThem)
 {
     if (bytes.size() > kMaxText) return -1;
     const Target target{path};
     if (!target.valid()) return -1;
     if (target.exists()) {
+        if (holdsThem != nullptr && holdsThem->stillHolds(target.status())) return 0;
         const bool sameSize = target.status().st_size == static_cast<off_t>(bytes.size());
         if (sameSize && holds(target.path(), bytes)) return 0;
         if (::faccessat(AT_FDCWD, target.path(), W_OK, AT_EACCESS) != 0) return -1;

@@ -3,14 +3,31 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <ctime>
 #include <string_view>
+#include <sys/stat.h>
 
 namespace oru {
+
+/// Which file was read, in which state. Two equal ones mean that nobody wrote to it in between.
+struct FileState {
+    dev_t device = 0;
+    ino_t inode = 0;
+    off_t size = 0;
+    timespec changed{};
+    bool known =
+        false; // false: it was changed so recently that its times may not show another change
+
+    FileState() = default;
+    FileState(const struct stat &status, const timespec &now);
+    [[nodiscard]] bool stillHolds(const struct stat &status) const;
+};
 
 /// A file that was read: `front` bytes of room, then the text, in one block of malloc().
 struct ReadFile {
     char *block = nullptr; // null: it could not be read; belongs to the caller
     size_t size = 0;       // bytes of the text
+    FileState state;
 };
 
 /// Reads a regular file of at most kMaxText bytes.
@@ -18,8 +35,9 @@ ReadFile readFile(const char *path, size_t front);
 
 /// Replaces a file, atomically and durably: it holds the old bytes or the new ones, whole, whatever
 /// happens. Owner, mode and a symbolic link's target are kept; a new file has mode 0600. Writes
-/// nothing when the file holds these bytes already.
+/// nothing when the file holds these bytes already; `holdsThem`, which may be null, is a state in
+/// which it is known to.
 /// @return 0 or -1
-int32_t replaceFile(const char *path, std::string_view bytes);
+int32_t replaceFile(const char *path, std::string_view bytes, const FileState *holdsThem);
 
 } // namespace oru

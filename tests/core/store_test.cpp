@@ -152,13 +152,16 @@ TEST_F(StoreHelpers, RadiusServerCountsOnlyAboveZeroAndOnlyTheFirst)
     with = Dict{};
 }
 
-TEST_F(StoreHelpers, KeepOpenLeavesAHandleToNobody)
+TEST_F(StoreHelpers, KeepOpenLeavesTheHandleOpen)
 {
+    OruAsfDict *handle = nullptr;
     {
         Dict kept{kWsm};
+        handle = kept;
         kept.keepOpen();
     }
-    expectOpenDicts(1);
+    EXPECT_EQ(standIn.openDicts(), 1);
+    oruAsfDictFree(handle);
 }
 
 } // namespace
