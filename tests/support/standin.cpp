@@ -2,6 +2,7 @@
 
 #include "oruAsf.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdarg>
 #include <cstdio>
@@ -48,6 +49,16 @@ std::vector<std::string> StandIn::logTexts() const
     return texts;
 }
 
+int StandIn::openSockets() const
+{
+    return static_cast<int>(std::count_if(sockets_.begin(), sockets_.end(), [](int descriptor) {
+        int domain = 0;
+        socklen_t size = sizeof domain;
+        return ::getsockopt(descriptor, SOL_SOCKET, SO_DOMAIN, &domain, &size) == 0 &&
+               domain == AF_INET;
+    }));
+}
+
 /// The operations' way to the stand-in's private parts.
 struct Operations {
     static StandIn &self() { return StandIn::get(); }
@@ -59,7 +70,7 @@ struct Operations {
     static int &dicts() { return self().dicts_; }
     static int &connections() { return self().connections_; }
     static int &elements() { return self().elements_; }
-    static int &sockets() { return self().sockets_; }
+    static std::vector<int> &sockets() { return self().sockets_; }
     static Sent &peer() { return self().peer_; }
     static std::vector<Sent> &sent() { return self().sent_; }
     static std::optional<Bytes> &reply() { return self().reply_; }
@@ -240,8 +251,9 @@ int socket(int domain, int type, int protocol) noexcept
 {
     if (domain != AF_INET) return real<decltype(socket)>("socket")(domain, type, protocol);
     if (Operations::fails("socket")) return errno = EMFILE, -1;
-    ++Operations::sockets();
-    return real<decltype(socket)>("socket")(domain, type, protocol);
+    const int descriptor = real<decltype(socket)>("socket")(domain, type, protocol);
+    Operations::sockets().push_back(descriptor);
+    return descriptor;
 }
 
 int ioctl(int descriptor, unsigned long request, ...) noexcept
@@ -254,7 +266,12 @@ int ioctl(int descriptor, unsigned long request, ...) noexcept
         return real<decltype(ioctl)>("ioctl")(descriptor, request, argument);
 
     const auto *about = static_cast<const ifreq *>(argument);
-    Ioctl seen{request, about->ifr_name, {}};
+    int socketDomain = 0;
+    int socketType = 0;
+    socklen_t size = sizeof(int);
+    ::getsockopt(descriptor, SOL_SOCKET, SO_DOMAIN, &socketDomain, &size);
+    ::getsockopt(descriptor, SOL_SOCKET, SO_TYPE, &socketType, &size);
+    Ioctl seen{request, about->ifr_name, {}, socketDomain, socketType};
     std::memcpy(seen.words, about->ifr_data, sizeof seen.words);
     Operations::self().ioctls.push_back(seen);
     if (Operations::fails("ioctl")) return errno = EIO, -1;

@@ -33,6 +33,8 @@ struct Ioctl {
     unsigned long request;
     std::string interface;
     uint32_t words[2];
+    int socketDomain;
+    int socketType;
 };
 
 /// What the operations in front of liboruAsf do, and what they saw.
@@ -77,7 +79,7 @@ public:
     [[nodiscard]] int openDicts() const { return dicts_; }
     [[nodiscard]] int openConnections() const { return connections_; }
     [[nodiscard]] int openElements() const { return elements_; }
-    [[nodiscard]] int openSockets() const { return sockets_; }
+    [[nodiscard]] int openSockets() const;
 
     /// Texts of the caught log lines.
     [[nodiscard]] std::vector<std::string> logTexts() const;
@@ -99,7 +101,7 @@ private:
     int dicts_ = 0;
     int connections_ = 0;
     int elements_ = 0;
-    int sockets_ = 0;
+    std::vector<int> sockets_;
 };
 
 } // namespace oru::test
