@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -77,6 +78,7 @@ public:
     int ioctlError = 0; // errno of the next ioctl() calls
 
     [[nodiscard]] int openDicts() const { return dicts_; }
+    [[nodiscard]] std::vector<std::string> openDictPaths() const; // sorted
     [[nodiscard]] int openConnections() const { return connections_; }
     [[nodiscard]] int openElements() const { return elements_; }
     [[nodiscard]] int openSockets() const;
@@ -99,6 +101,7 @@ private:
     std::vector<uint32_t> rooms_;
     Sent peer_{};
     int dicts_ = 0;
+    std::map<void *, std::string> open_;
     int connections_ = 0;
     int elements_ = 0;
     std::vector<int> sockets_;
