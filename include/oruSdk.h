@@ -1388,9 +1388,391 @@ ORUSDK_API uint32_t oruSdkSetMaxRate(OruSdkMaxRateParam *param);
 
 /* ---- BSS assignment and identity ------------------------------------------------------------ */
 
+/** Switches one radio on or off for a BSS. */
+typedef struct OruSdkAssignBssParam {
+    int32_t bssIndex;    /**< 0 to 3; a negative number is not refused */
+    uint32_t radioIndex; /**< 0 or 1 */
+    uint32_t enable;     /**< 0 or 1; receives the new mask, as soon as it is known */
+} OruSdkAssignBssParam;
+
+/** Whether the SSID of a BSS is kept out of its beacons. */
+typedef struct OruSdkSuppressSsidParam {
+    uint32_t bssIndex; /**< 0 to 3 */
+    uint32_t suppress; /**< 1 not broadcast, 0 broadcast */
+} OruSdkSuppressSsidParam;
+
+/**
+ * Switches one radio on or off for a BSS. Takes effect with the next commit.
+ * Key "bss%d.radioctrl" of "/var/1x.conf", saved first, and "bss%d.radio" of "/var/wsmDefaults",
+ * which also gives the present mask: bit 0 is radio 0, bit 1 radio 1. A change keeps the low 16
+ * bits. When the radio is in the requested state already, nothing is written and a line is logged.
+ * @param param bssIndex up to 3, a negative one forms its keys with the sign; radioIndex 0 or 1,
+ * any other one writes the mask back as it is; enable 0 or 1, which receives the new mask
+ * @retval 0   written, or in the requested state already
+ * @retval 2   param is NULL
+ * @retval 115 bssIndex is above 3
+ * @retval 7   a file can't be loaded ("/var/wsmDefaults" is the first)
+ * @retval 42  the mask is missing or no number
+ * @retval 38  enable is neither 0 nor 1
+ * @retval 25  a key can't be written
+ * @retval 8   a file can't be saved
+ * @see oruSdkGetAssignBssReq
+ */
+ORUSDK_API uint32_t oruSdkAssignBss(OruSdkAssignBssParam *param);
+
+/**
+ * Reads the radios that a BSS runs on.
+ * Key "bss%d.radio" of "/var/wsmDefaults".
+ * @param bssIndex up to 3; a negative one forms its key with the sign
+ * @param mask receives the stored number as it is: bit 0 is radio 0, bit 1 radio 1
+ * @retval 0   read
+ * @retval 115 bssIndex is above 3
+ * @retval 2   mask is NULL
+ * @retval 7   the file can't be loaded
+ * @retval 42  the key is missing or no number
+ * @see oruSdkAssignBss
+ */
+ORUSDK_API uint32_t oruSdkGetAssignBssReq(int32_t bssIndex, uint32_t *mask);
+
+/**
+ * Sets the SSID of a BSS. Takes effect with the next commit.
+ * Key "bss%d.ssId" of "/var/wsmDefaults", saved first, and of "/var/1x.conf". A "bss%d.wpsstate" of
+ * 1 in "/var/wsmDefaults" becomes 2.
+ * @param bssIndex up to 3; a negative one forms its keys with the sign
+ * @param ssid any bytes; only the first 32 are read and count; may be empty
+ * @retval 0   written
+ * @retval 7   "/var/wsmDefaults" can't be loaded
+ * @retval 25  the WPS state can't be written
+ * @retval 2   ssid is NULL
+ * @retval 115 bssIndex is above 3
+ * @retval 25  the SSID can't be written
+ * @retval 7   "/var/1x.conf" can't be loaded
+ * @retval 8   a file can't be saved
+ * @see oruSdkGetSsid
+ */
+ORUSDK_API uint32_t oruSdkSetSsid(int32_t bssIndex, const char *ssid);
+
+/**
+ * Reads the SSID of a BSS.
+ * Key "bss%d.ssId" of "/var/wsmDefaults".
+ * @param bssIndex up to 3; a negative one forms its key with the sign
+ * @param ssid 33 bytes that receive the SSID and a NUL
+ * @param length receives the number of bytes, 0 to 32
+ * @retval 0   read
+ * @retval 2   ssid or length is NULL
+ * @retval 115 bssIndex is above 3
+ * @retval 7   the file can't be loaded
+ * @retval 42  the key is missing
+ * @retval 23  the stored SSID has more than 32 characters
+ * @see oruSdkSetSsid
+ */
+ORUSDK_API uint32_t oruSdkGetSsid(int32_t bssIndex, char ssid[33], uint32_t *length);
+
+/**
+ * Sets whether the SSID of a BSS is kept out of its beacons. Takes effect with the next commit.
+ * Key "bss%d.suppressSSIDFlag" of "/var/wsmDefaults".
+ * @param param bssIndex 0 to 3; suppress 0 or 1
+ * @retval 0   written
+ * @retval 2   param is NULL
+ * @retval 115 bssIndex is 4 or more
+ * @retval 47  suppress is neither 0 nor 1
+ * @retval 7   the file can't be loaded
+ * @retval 25  the key can't be written
+ * @retval 8   the file can't be saved
+ * @see oruSdkGetSuppressSsid
+ */
+ORUSDK_API uint32_t oruSdkSetSuppressSsid(OruSdkSuppressSsidParam *param);
+
+/**
+ * Reads whether the SSID of a BSS is kept out of its beacons.
+ * Key "bss%d.suppressSSIDFlag" of "/var/wsmDefaults".
+ * @param param bssIndex 0 to 3; suppress receives the stored number as it is
+ * @retval 0   read
+ * @retval 2   param is NULL
+ * @retval 115 bssIndex is 4 or more
+ * @retval 7   the file can't be loaded
+ * @retval 42  the key is missing or no number
+ * @see oruSdkSetSuppressSsid
+ */
+ORUSDK_API uint32_t oruSdkGetSuppressSsid(OruSdkSuppressSsidParam *param);
+
+/**
+ * Sets whether stations of a BSS may talk to each other. Takes effect with the next commit.
+ * Key "bss%d.IntraBSS" of "/var/wsmDefaults".
+ * @param bssIndex 0 to 3, not checked; a negative one forms its key with the sign
+ * @param value any number
+ * @retval 0  written
+ * @retval 7  the file can't be loaded
+ * @retval 25 the key can't be written
+ * @retval 8  the file can't be saved
+ * @see oruSdkGetIntraBss
+ */
+ORUSDK_API uint32_t oruSdkSetIntraBss(int32_t bssIndex, int32_t value);
+
+/**
+ * Reads whether stations of a BSS may talk to each other.
+ * Key "bss%d.IntraBSS" of "/var/wsmDefaults".
+ * @param bssIndex 0 to 3, not checked; a negative one forms its key with the sign
+ * @param value receives the stored number as it is
+ * @retval 0  read
+ * @retval 2  value is NULL
+ * @retval 7  the file can't be loaded
+ * @retval 4294967295 the key is missing or no number: the status of liboruAsf (-1) instead of a
+ * return code, on purpose. Check it against ORUSDK_RC_COUNT.
+ * @see oruSdkSetIntraBss
+ */
+ORUSDK_API uint32_t oruSdkGetIntraBss(int32_t bssIndex, uint32_t *value);
+
+/**
+ * Sets whether stations of different BSSes on one radio may talk to each other. Takes effect with
+ * the next commit. Key "InterBSS.radio%d" of "/var/wsmDefaults".
+ * @param radioIndex 0 or 1, not checked; a negative one forms its key with the sign
+ * @param value any number
+ * @retval 0  written
+ * @retval 7  the file can't be loaded
+ * @retval 25 the key can't be written
+ * @retval 8  the file can't be saved
+ * @see oruSdkGetInterBss
+ */
+ORUSDK_API uint32_t oruSdkSetInterBss(int32_t radioIndex, int32_t value);
+
+/**
+ * Reads whether stations of different BSSes on one radio may talk to each other.
+ * Key "InterBSS.radio%d" of "/var/wsmDefaults".
+ * @param radioIndex 0 or 1, not checked; a negative one forms its key with the sign
+ * @param value receives the stored number as it is
+ * @retval 0  read
+ * @retval 2  value is NULL
+ * @retval 7  the file can't be loaded
+ * @retval 4294967295 the key is missing or no number: the status of liboruAsf (-1) instead of a
+ * return code, on purpose. Check it against ORUSDK_RC_COUNT.
+ * @see oruSdkSetInterBss
+ */
+ORUSDK_API uint32_t oruSdkGetInterBss(int32_t radioIndex, uint32_t *value);
+
+/**
+ * Sets the VLAN of a BSS. Takes effect with the next commit.
+ * Key "bss%d.wvid" of "/var/wsmDefaults".
+ * @param bssIndex up to 3; a negative one forms its key with the sign
+ * @param vlanId 1 to 4095
+ * @retval 0   written
+ * @retval 115 bssIndex is above 3
+ * @retval 117 vlanId is out of range; nothing is logged, and the code speaks of a port, both on
+ * purpose
+ * @retval 7   the file can't be loaded
+ * @retval 25  the key can't be written
+ * @retval 8   the file can't be saved
+ * @see oruSdkGetVlanId
+ */
+ORUSDK_API uint32_t oruSdkSetVlanId(int32_t bssIndex, uint32_t vlanId);
+
+/**
+ * Reads the VLAN of a BSS. The result is the first argument, on purpose.
+ * Key "bss%d.wvid" of "/var/wsmDefaults".
+ * @param vlanId receives the stored number as it is
+ * @param bssIndex 0 to 3
+ * @retval 0   read
+ * @retval 115 bssIndex is 4 or more
+ * @retval 2   vlanId is NULL
+ * @retval 7   the file can't be loaded
+ * @retval 42  the key is missing or no number
+ * @see oruSdkSetVlanId
+ */
+ORUSDK_API uint32_t oruSdkGetVlanId(uint32_t *vlanId, uint32_t bssIndex);
+
+/**
+ * Sets the VLANs of an Ethernet port from a command line. The Ethernet driver is told the port's
+ * own VLAN at once; a failure there is only logged. The rest takes effect with the next commit.
+ * Keys "eth%d.pvid" and "eth%d.vid%d" of "/var/wsmDefaults". Slots 0 to 14 that are not given
+ * become 0; arguments beyond 15 make slots beyond 14, on purpose.
+ * @param argc number of arguments
+ * @param argv argv[3] the port's number and argv[4] its VLAN, of which the leading digits count (0
+ *             without any); argv[5] and on the VLANs of slot 0 and on, stored as they stand. The
+ *             arguments before argv[3] are not looked at.
+ * @retval 0  written
+ * @retval 2  argv, or one of the arguments from argv[3] on, is NULL, or argc is below 5
+ * @retval 7  the file can't be loaded
+ * @retval 25 a key can't be written
+ * @retval 8  the file can't be saved; the driver has been told by then
+ * @see oruSdkGetEtherVlanId
+ */
+ORUSDK_API uint32_t oruSdkSetEtherVlanId(int32_t argc, char **argv);
+
+/**
+ * Reads the VLANs of an Ethernet port.
+ * Keys "eth%d.pvid" and "eth%d.vid0" to "eth%d.vid14" of "/var/wsmDefaults".
+ * @param vlanIds room for 15 numbers; receives those of the slots that are not 0, without gaps, the
+ * low 16 bits of each
+ * @param count receives how many
+ * @param pvid receives the port's own VLAN
+ * @param ethNumber the port's number, not checked; a negative one forms its keys with the sign
+ * @retval 0  read
+ * @retval 2  vlanIds, count or pvid is NULL
+ * @retval 7  the file can't be loaded
+ * @retval 42 a key is missing or no number; pvid and the slots before it are filled, count is not
+ * @see oruSdkSetEtherVlanId
+ */
+ORUSDK_API uint32_t oruSdkGetEtherVlanId(uint16_t *vlanIds, uint32_t *count, uint32_t *pvid,
+                                         int32_t ethNumber);
+
 /* ---- Security modes: open and WPA ----------------------------------------------------------- */
 
+/**
+ * Switches open access of a BSS on or off. Takes effect with the next commit.
+ * Key "bss%d.openAccessEnabled" of "/var/1x.conf". Switching on needs WEP and WPA off and an 802.11
+ * mode that is not 802.11n only, and sets "bss%d.BpRSNFlag" of "/var/wsmDefaults", saved first, to
+ * 0. Switching off never fails on another mode, and touches none.
+ * @param bssIndex up to 3; a negative one forms its keys with the sign
+ * @param enable 0 (off) or 1 (on)
+ * @retval 0   written
+ * @retval 38  enable is neither 0 nor 1
+ * @retval 115 bssIndex is above 3
+ * @retval 7   a file can't be loaded ("/var/1x.conf" is the first)
+ * @retval 42  on: "dot11Mode" of "/var/wsmDefaults" is missing or no number
+ * @retval 114 on: "dot11Mode" is 9, 802.11n only
+ * @retval 26  on: "bss%d.wepEnabled" or "bss%d.wpaEnabled" is missing or no boolean
+ * @retval 46  on: WEP is on
+ * @retval 45  on: WPA is on
+ * @retval 25  a key can't be written
+ * @retval 8   a file can't be saved
+ * @see oruSdkGetSecModeOpen
+ */
+ORUSDK_API uint32_t oruSdkSetSecModeOpen(int32_t bssIndex, uint32_t enable);
+
+/**
+ * Reads whether open access of a BSS is on.
+ * Key "bss%d.openAccessEnabled" of "/var/1x.conf".
+ * @param bssIndex up to 3; a negative one forms its key with the sign
+ * @param enabled receives 0 or 1
+ * @retval 0   read
+ * @retval 2   enabled is NULL
+ * @retval 115 bssIndex is above 3
+ * @retval 7   the file can't be loaded
+ * @retval 26  the key is missing or no boolean
+ * @see oruSdkSetSecModeOpen
+ */
+ORUSDK_API uint32_t oruSdkGetSecModeOpen(int32_t bssIndex, uint32_t *enabled);
+
+/**
+ * Switches WPA of a BSS on or off. Takes effect with the next commit.
+ * Off: "bss%d.wpaEnabled" of "/var/1x.conf" becomes false, "bss%d.BpRSNFlag" and "bss%d.BpPskFlag"
+ * of
+ * "/var/wsmDefaults" 0; the types stay stored, and authType and encType are not looked at.
+ * On: needs open access and WEP off. Sets "bss%d.wpaEnabled", "bss%d.wpaAuthTypes",
+ * "bss%d.wpaEncTypes" and "bss%d.mixedIeMode" of "/var/1x.conf", and "bss%d.BpRSNFlag" (encType +
+ * 1), "bss%d.BpPskFlag" (authType) and "bss%d.wpsstate" (2) of "/var/wsmDefaults".
+ * "/var/wsmDefaults" is saved first.
+ * @param bssIndex up to 3; a negative one forms its keys with the sign
+ * @param wpaMode 0 off, 1 WPA, 2 WPA2, 3 both
+ * @param authType 0 RADIUS, 1 pre-shared key; a negative number is not refused
+ * @param encType 0 AES, 1 or 2 others; only AES when "dot11Mode" is 9, 802.11n only
+ * @retval 0   written
+ * @retval 30  wpaMode is above 3
+ * @retval 115 bssIndex is above 3
+ * @retval 7   a file can't be loaded ("/var/1x.conf" is the first)
+ * @retval 26  on: "bss%d.openAccessEnabled" is missing or no boolean
+ * @retval 32  on: open access is on
+ * @retval 26  on: "bss%d.wepEnabled" is missing or no boolean
+ * @retval 46  on: WEP is on
+ * @retval 28  on: authType is above 1
+ * @retval 29  on: encType is above 2
+ * @retval 42  on: "dot11Mode" of "/var/wsmDefaults" is missing or no number
+ * @retval 29  on: encType is not 0 while "dot11Mode" is 9
+ * @retval 25  a key can't be written
+ * @retval 8   a file can't be saved
+ * @see oruSdkGetSecModeWpa
+ */
+ORUSDK_API uint32_t oruSdkSetSecModeWpa(int32_t bssIndex, uint32_t wpaMode, int32_t authType,
+                                        uint32_t encType);
+
+/**
+ * Reads the WPA settings of a BSS.
+ * Keys "bss%d.wpaEnabled", "bss%d.mixedIeMode", "bss%d.wpaAuthTypes" and "bss%d.wpaEncTypes" of
+ * "/var/1x.conf".
+ * @param bssIndex up to 3; a negative one forms its keys with the sign
+ * @param wpaMode receives 0 while WPA is off, else the mode; 1 when that can't be read
+ * @param authType receives the authentication type; untouched while WPA is off
+ * @param encType receives the encryption type; untouched while WPA is off
+ * @retval 0   read
+ * @retval 2   wpaMode, authType or encType is NULL
+ * @retval 115 bssIndex is above 3
+ * @retval 7   the file can't be loaded
+ * @retval 26  "bss%d.wpaEnabled" is missing or no boolean
+ * @retval 42  a type is missing or no number; what was read before it is filled
+ * @see oruSdkSetSecModeWpa
+ */
+ORUSDK_API uint32_t oruSdkGetSecModeWpa(int32_t bssIndex, uint32_t *wpaMode, uint32_t *authType,
+                                        uint32_t *encType);
+
 /* ---- WEP ------------------------------------------------------------------------------------ */
+
+/**
+ * Switches WEP of a BSS on or off. Takes effect with the next commit.
+ * Off: "bss%d.wepEnabled" and "bss%d.dynamicWepEnabled" of "/var/1x.conf" become false; the keys
+ * stay stored, and the arguments behind enable are not looked at. On: needs open access and WPA off
+ * and an 802.11 mode that is not 802.11n only. Sets "bss%d.BpRSNFlag" of "/var/wsmDefaults", saved
+ * first, to 0, and "bss%d.wepEnabled", "bss%d.dynamicWepEnabled", "bss%d.wepKeyLen",
+ * "bss%d.wepDefaultKey" and "bss%d.wepKey.1" to "bss%d.wepKey.4" of "/var/1x.conf". A key that is
+ * not given is deleted. Lines that refuse a key show it.
+ * @param bssIndex up to 3; a negative one forms its keys with the sign
+ * @param enable 0 (off) or 1 (on)
+ * @param keyLength bytes of a key: 5 or 13, for dynamic WEP, too
+ * @param defaultKeyId number of the key to send with, 1 to 4, for dynamic WEP, too
+ * @param key1 twice keyLength hexadecimal digits, or NULL; all four NULL: dynamic WEP
+ * @param key2 as key1
+ * @param key3 as key1
+ * @param key4 as key1
+ * @retval 0   written
+ * @retval 38  enable is neither 0 nor 1
+ * @retval 115 bssIndex is above 3
+ * @retval 7   on: "/var/wsmDefaults" can't be loaded
+ * @retval 42  on: "dot11Mode" of "/var/wsmDefaults" is missing or no number
+ * @retval 114 on: "dot11Mode" is 9, 802.11n only; nothing is logged, on purpose
+ * @retval 34  on: keyLength is neither 5 nor 13
+ * @retval 35  on: defaultKeyId is not 1 to 4
+ * @retval 37  on: keys are given, but not the default one
+ * @retval 39  on: a key has another length (each key: length, then digits)
+ * @retval 36  on: a key holds another character than a hexadecimal digit
+ * @retval 7   "/var/1x.conf" can't be loaded
+ * @retval 26  on: "bss%d.openAccessEnabled" is missing or no boolean
+ * @retval 32  on: open access is on
+ * @retval 26  on: "bss%d.wpaEnabled" is missing or no boolean
+ * @retval 45  on: WPA is on
+ * @retval 25  a key can't be written
+ * @retval 8   a file can't be saved
+ * @see oruSdkGetSecModeWep
+ */
+ORUSDK_API uint32_t oruSdkSetSecModeWep(int32_t bssIndex, uint32_t enable, int32_t keyLength,
+                                        uint32_t defaultKeyId, const char *key1, const char *key2,
+                                        const char *key3, const char *key4);
+
+/**
+ * Reads the WEP settings of a BSS. Each result is checked against NULL when its turn comes: while
+ * WEP is off, all but enabled may be NULL. Keys "bss%d.wepEnabled", "bss%d.wepKeyLen",
+ * "bss%d.wepDefaultKey" and "bss%d.wepKey.1" to "bss%d.wepKey.4" of "/var/1x.conf".
+ * @param bssIndex up to 3; a negative one forms its keys with the sign
+ * @param enabled receives 0 or 1; while 0, the others are untouched
+ * @param keyLength receives the bytes of a key
+ * @param defaultKeyId receives the number of the key to send with
+ * @param key1 27 bytes that receive up to 26 digits and a NUL; empty when there is no such key
+ * @param key2 as key1
+ * @param key3 as key1
+ * @param key4 as key1
+ * @retval 0   read
+ * @retval 115 bssIndex is above 3
+ * @retval 7   the file can't be loaded
+ * @retval 26  "bss%d.wepEnabled" is missing or no boolean
+ * @retval 2   enabled is NULL
+ * @retval 2   on: keyLength is NULL
+ * @retval 26  on: "bss%d.wepKeyLen" is missing or no number
+ * @retval 2   on: defaultKeyId is NULL
+ * @retval 26  on: "bss%d.wepDefaultKey" is missing or no number
+ * @retval 2   on: a key's room is NULL; the results before it are filled
+ * @see oruSdkSetSecModeWep
+ */
+ORUSDK_API uint32_t oruSdkGetSecModeWep(int32_t bssIndex, uint32_t *enabled, uint32_t *keyLength,
+                                        uint32_t *defaultKeyId, char *key1, char *key2, char *key3,
+                                        char *key4);
 
 /**
  * Whether a text holds hexadecimal digits only, of either case. Logs nothing.

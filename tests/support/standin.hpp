@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -33,6 +34,8 @@ struct Ioctl {
     unsigned long request;
     std::string interface;
     uint32_t words[2];
+    int socketDomain;
+    int socketType;
 };
 
 /// What the operations in front of liboruAsf do, and what they saw.
@@ -75,9 +78,10 @@ public:
     int ioctlError = 0; // errno of the next ioctl() calls
 
     [[nodiscard]] int openDicts() const { return dicts_; }
+    [[nodiscard]] std::vector<std::string> openDictPaths() const; // sorted
     [[nodiscard]] int openConnections() const { return connections_; }
     [[nodiscard]] int openElements() const { return elements_; }
-    [[nodiscard]] int openSockets() const { return sockets_; }
+    [[nodiscard]] int openSockets() const;
 
     /// Texts of the caught log lines.
     [[nodiscard]] std::vector<std::string> logTexts() const;
@@ -97,9 +101,10 @@ private:
     std::vector<uint32_t> rooms_;
     Sent peer_{};
     int dicts_ = 0;
+    std::map<void *, std::string> open_;
     int connections_ = 0;
     int elements_ = 0;
-    int sockets_ = 0;
+    std::vector<int> sockets_;
 };
 
 } // namespace oru::test
