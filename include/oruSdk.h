@@ -1382,6 +1382,85 @@ ORUSDK_API uint32_t oruSdkSetMaxRate(OruSdkMaxRateParam *param);
 
 /* ---- MAC, beacon, retry and threshold parameters -------------------------------------------- */
 
+/** MAC thresholds and retry limits of a radio. */
+typedef struct OruSdkDot11MacParam {
+    uint32_t radioIndex;      /**< 0 or 1 */
+    uint32_t fragThreshold;   /**< fragmentation threshold in bytes, 256 to 2346 */
+    uint32_t rtsThreshold;    /**< RTS threshold in bytes, 1 to 2347 */
+    uint32_t shortRetryLimit; /**< 0 to 255 */
+    uint32_t longRetryLimit;  /**< 0 to 255 */
+} OruSdkDot11MacParam;
+
+/** Beacon timing of a radio. */
+typedef struct OruSdkBeaconParam {
+    uint32_t radioIndex;   /**< 0 or 1 */
+    uint32_t beaconPeriod; /**< in time units, 1 to 65535 */
+    uint32_t dtimPeriod;   /**< in beacons, 1 to 255 */
+} OruSdkBeaconParam;
+
+/**
+ * Reads the thresholds and retry limits, in the order of the record. Keys "radio%d.fragThPeriod",
+ * "radio%d.rtsThPeriod", "radio%d.shortRetryLimit", "radio%d.longRetryLimit" of
+ * "/var/wsmDefaults".
+ * @param param radioIndex 0 or 1; the other fields receive the stored numbers as they are
+ * @retval 0  read
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 7  the file can't be loaded
+ * @retval 42 a key is missing or no number; the fields before it are filled
+ * @see oruSdkSetDot11MacParam
+ */
+ORUSDK_API uint32_t oruSdkGetDot11MacParam(OruSdkDot11MacParam *param);
+
+/**
+ * Sets the thresholds and retry limits. Takes effect with the next commit. Keys
+ * "radio%d.fragThPeriod", "radio%d.rtsThPeriod", "radio%d.shortRetryLimit",
+ * "radio%d.longRetryLimit" of "/var/wsmDefaults".
+ * @param param radioIndex 0 or 1; fragThreshold 256 to 2346 bytes; rtsThreshold 1 to 2347 bytes;
+ *              shortRetryLimit and longRetryLimit 0 to 255
+ * @retval 0  written
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 11 fragThreshold is out of range
+ * @retval 12 rtsThreshold is out of range
+ * @retval 13 shortRetryLimit is out of range
+ * @retval 14 longRetryLimit is out of range
+ * @retval 7  the file can't be loaded
+ * @retval 25 a key can't be written
+ * @retval 8  the file can't be saved
+ * @see oruSdkGetDot11MacParam
+ */
+ORUSDK_API uint32_t oruSdkSetDot11MacParam(OruSdkDot11MacParam *param);
+
+/**
+ * Reads the beacon period, then the DTIM period. Keys "radio%d.beaconPeriod" and
+ * "radio%d.dtimPeriod" of "/var/wsmDefaults".
+ * @param param radioIndex 0 or 1; the other fields receive the stored numbers as they are
+ * @retval 0  read
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 7  the file can't be loaded
+ * @retval 42 a key is missing or no number; the field before it is filled
+ * @see oruSdkSetBeaconParam
+ */
+ORUSDK_API uint32_t oruSdkGetBeaconParam(OruSdkBeaconParam *param);
+
+/**
+ * Sets the beacon and DTIM periods. Takes effect with the next commit. Keys "radio%d.beaconPeriod"
+ * and "radio%d.dtimPeriod" of "/var/wsmDefaults".
+ * @param param radioIndex 0 or 1; beaconPeriod 1 to 65535 time units; dtimPeriod 1 to 255 beacons
+ * @retval 0  written
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 9  beaconPeriod is out of range
+ * @retval 10 dtimPeriod is out of range
+ * @retval 7  the file can't be loaded
+ * @retval 25 a key can't be written
+ * @retval 8  the file can't be saved
+ * @see oruSdkGetBeaconParam
+ */
+ORUSDK_API uint32_t oruSdkSetBeaconParam(OruSdkBeaconParam *param);
+
 /* ---- Protection, standard extensions, scanning and admission -------------------------------- */
 
 /* ---- QoS and channel bonding ---------------------------------------------------------------- */
