@@ -1463,6 +1463,172 @@ ORUSDK_API uint32_t oruSdkSetBeaconParam(OruSdkBeaconParam *param);
 
 /* ---- Protection, standard extensions, scanning and admission -------------------------------- */
 
+/** 802.11g protection. */
+typedef struct OruSdkProtectionParam {
+    uint32_t radioIndex;     /**< 0 or 1 */
+    uint32_t prtnEnable;     /**< 0 to 4; 4 says that protectionMode is given */
+    uint32_t protectionMode; /**< any number; only with prtnEnable 4 */
+} OruSdkProtectionParam;
+
+/** A switch that other settings depend on. */
+typedef struct OruSdkRadioSwitchParam {
+    uint16_t reserved;
+    uint16_t radioIndex; /**< 0 or 1 */
+    uint32_t enable;     /**< 0 or 1 */
+} OruSdkRadioSwitchParam;
+
+/**
+ * Reads 802.11g protection. Key "radio%d.dot11Protection" and, when it holds 4,
+ * "radio%d.ProtectionMode" of "/var/wsmDefaults".
+ * @param param radioIndex 0 or 1; prtnEnable receives the stored number as it is; protectionMode
+ *              is left as it was unless prtnEnable is 4
+ * @retval 0  read
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 7  the file can't be loaded
+ * @retval 42 a key is missing or no number
+ * @see oruSdkSetDot11Protection
+ */
+ORUSDK_API uint32_t oruSdkGetDot11Protection(OruSdkProtectionParam *param);
+
+/**
+ * Sets 802.11g protection. Takes effect with the next commit. Keys "radio%d.dot11Protection", with
+ * prtnEnable 4 "radio%d.ProtectionMode", and "dot11gShortSlotTime" of "/var/wsmDefaults": the
+ * last is shared by both radios and takes protectionMode with prtnEnable 4, else prtnEnable.
+ * @param param radioIndex 0 or 1; prtnEnable 0 to 4; protectionMode any number
+ * @retval 0  written
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 51 prtnEnable is 5 or more
+ * @retval 7  the file can't be loaded
+ * @retval 25 a key can't be written
+ * @retval 8  the file can't be saved
+ * @see oruSdkGetDot11Protection
+ */
+ORUSDK_API uint32_t oruSdkSetDot11Protection(OruSdkProtectionParam *param);
+
+/**
+ * Reads whether the standard extensions are on. Key "radio%d.standardExt" of "/var/wsmDefaults".
+ * @param param radioIndex 0 or 1; enable receives the stored number as it is
+ * @retval 0  read
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 7  the file can't be loaded
+ * @retval 42 the key is missing or no number
+ * @see oruSdkSetDot11StdExt
+ */
+ORUSDK_API uint32_t oruSdkGetDot11StdExt(OruSdkRadioSwitchParam *param);
+
+/**
+ * Turns the standard extensions on or off. Off makes the radio an 802.11b-only one and turns WMM off
+ * for both radios. Takes effect with the next commit. Key "radio%d.standardExt" of
+ * "/var/wsmDefaults"; with enable 0 also "radio%d.dot11Mode" (2), "wmmEnabledFlag" (0) and
+ * "adminDot11bStaFlag" (1; not the key of oruSdkSetStaAcceptCriteria()).
+ * @param param radioIndex 0 or 1; enable 0 (off) or 1 (on)
+ * @retval 0  written
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 53 enable is neither 0 nor 1
+ * @retval 7  the file can't be loaded
+ * @retval 25 a key can't be written
+ * @retval 8  the file can't be saved
+ * @see oruSdkGetDot11StdExt
+ */
+ORUSDK_API uint32_t oruSdkSetDot11StdExt(OruSdkRadioSwitchParam *param);
+
+/**
+ * Reads whether background scanning is on. Key "measurementDisabled" of "/var/wsmDefaults", one for
+ * both radios, stored inverted: radioIndex only has to be valid.
+ * @param param radioIndex 0 or 1; enable receives 0 when the key holds 1, else 1
+ * @retval 0  read
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 7  the file can't be loaded
+ * @retval 42 the key is missing or no number
+ * @see oruSdkSetBgScanning
+ */
+ORUSDK_API uint32_t oruSdkGetBgScanning(OruSdkRadioSwitchParam *param);
+
+/**
+ * Turns background scanning on or off. Takes effect with the next commit. Key "measurementDisabled"
+ * of "/var/wsmDefaults", one for both radios, stored inverted: radioIndex only has to be valid. With
+ * enable 0 reads "periodicDfsFlag" first.
+ * @param param radioIndex 0 or 1; enable 0 (off) or 1 (on)
+ * @retval 0  written
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 55 enable is neither 0 nor 1
+ * @retval 7  the file can't be loaded
+ * @retval 42 enable is 0 and "periodicDfsFlag" is missing or no number
+ * @retval 61 enable is 0 while periodic DFS is on
+ * @retval 25 the key can't be written
+ * @retval 8  the file can't be saved
+ * @see oruSdkGetBgScanning
+ */
+ORUSDK_API uint32_t oruSdkSetBgScanning(OruSdkRadioSwitchParam *param);
+
+/**
+ * Reads whether 802.11b stations are admitted. Key "radio%d.adminDot11bStaFlag" of
+ * "/var/wsmDefaults".
+ * @param param radioIndex 0 or 1; enable receives the stored number as it is
+ * @retval 0  read
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 7  the file can't be loaded
+ * @retval 42 the key is missing or no number
+ * @see oruSdkSetStaAcceptCriteria
+ */
+ORUSDK_API uint32_t oruSdkGetStaAcceptCriteria(OruSdkRadioSwitchParam *param);
+
+/**
+ * Admits or rejects 802.11b stations. Takes effect with the next commit. Key
+ * "radio%d.adminDot11bStaFlag" of "/var/wsmDefaults"; with enable 0 reads "radio%d.standardExt" and
+ * "radio%d.dot11Mode" first.
+ * @param param radioIndex 0 or 1; enable 0 (reject) or 1 (admit)
+ * @retval 0  written
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 56 enable is neither 0 nor 1
+ * @retval 7  the file can't be loaded
+ * @retval 42 enable is 0 and a key that it needs is missing or no number
+ * @retval 59 enable is 0 while the standard extensions are off
+ * @retval 60 enable is 0 while the radio is an 802.11b-only one
+ * @retval 25 the key can't be written
+ * @retval 8  the file can't be saved
+ * @see oruSdkGetStaAcceptCriteria
+ */
+ORUSDK_API uint32_t oruSdkSetStaAcceptCriteria(OruSdkRadioSwitchParam *param);
+
+/**
+ * Reads the threshold and the counter of smart background scanning (SBS). Keys
+ * "radio%d.sbsThreshold" and "radio%d.sbsCounter" of "/var/wsmDefaults".
+ * @param radioIndex 0 or 1
+ * @param threshold  receives the stored number as it is; 1, with a warning, when it can't be read
+ * @param counter    receives the stored number as it is
+ * @retval 0  read
+ * @retval 3  radioIndex is neither 0 nor 1; checked before the pointers
+ * @retval 2  threshold or counter is NULL
+ * @retval 7  the file can't be loaded
+ * @retval 42 the counter's key is missing or no number; threshold is filled
+ * @see oruSdkSetSbsParams
+ */
+ORUSDK_API uint32_t oruSdkGetSbsParams(int32_t radioIndex, uint32_t *threshold, uint32_t *counter);
+
+/**
+ * Sets the threshold and the counter of smart background scanning (SBS). Takes effect with the next
+ * commit. Keys "radio%d.sbsThreshold" and "radio%d.sbsCounter" of "/var/wsmDefaults".
+ * @param radioIndex 0 or 1
+ * @param threshold  any number
+ * @param counter    any number
+ * @retval 0  written
+ * @retval 3  radioIndex is neither 0 nor 1
+ * @retval 7  the file can't be loaded
+ * @retval 25 a key can't be written
+ * @retval 8  the file can't be saved
+ * @see oruSdkGetSbsParams
+ */
+ORUSDK_API uint32_t oruSdkSetSbsParams(int32_t radioIndex, uint32_t threshold, uint32_t counter);
+
 /* ---- QoS and channel bonding ---------------------------------------------------------------- */
 
 /* ---- BSS assignment and identity ------------------------------------------------------------ */
