@@ -1631,6 +1631,132 @@ ORUSDK_API uint32_t oruSdkSetSbsParams(int32_t radioIndex, uint32_t threshold, u
 
 /* ---- QoS and channel bonding ---------------------------------------------------------------- */
 
+/** WMM and the traffic classifier. */
+typedef struct OruSdkWmmParam {
+    uint32_t radioIndex;        /**< 0 or 1 */
+    uint32_t wmmEnabled;        /**< 0 off, 1 on */
+    uint32_t trafficClassifier; /**< 0 disabled, 1 automatic, 2 WMM standard, 3 enhanced */
+} OruSdkWmmParam;
+
+/**
+ * Reads WMM, then the traffic classifier. Keys "wmmEnabledFlag" and "TrafficClassifier" of
+ * "/var/wsmDefaults", one for both radios: radioIndex only has to be valid.
+ * @param param radioIndex 0 or 1; the other fields receive the stored numbers as they are
+ * @retval 0  read
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 7  the file can't be loaded
+ * @retval 42 a key is missing or no number; the field before it is filled
+ * @see oruSdkSetWmm
+ */
+ORUSDK_API uint32_t oruSdkGetWmm(OruSdkWmmParam *param);
+
+/**
+ * Sets WMM and the traffic classifier. Takes effect with the next commit. Keys "wmmEnabledFlag" and
+ * "TrafficClassifier" of "/var/wsmDefaults", one for both radios. WMM needs the standard extensions
+ * of the given radio ("radio%d.standardExt").
+ * @param param radioIndex 0 or 1; wmmEnabled 0 or 1; trafficClassifier 0 to 3
+ * @retval 0  written
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 49 wmmEnabled is neither 0 nor 1, or trafficClassifier is 4 or more
+ * @retval 7  the file can't be loaded
+ * @retval 42 wmmEnabled is 1 and "radio%d.standardExt" is missing or no number
+ * @retval 59 wmmEnabled is 1 while the standard extensions are off
+ * @retval 25 a key can't be written
+ * @retval 8  the file can't be saved
+ * @see oruSdkGetWmm
+ */
+ORUSDK_API uint32_t oruSdkSetWmm(OruSdkWmmParam *param);
+
+/**
+ * Reads the EDCA profile. Key "edcaProfile" of "/var/wsmDefaults", one for both radios: radioIndex
+ * only has to be valid.
+ * @param param radioIndex 0 or 1; featureOptions receives the stored number as it is
+ * @retval 0  read
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 7  the file can't be loaded
+ * @retval 42 the key is missing or no number
+ * @see oruSdkSetEdcaProfile
+ */
+ORUSDK_API uint32_t oruSdkGetEdcaProfile(OruSdkOptionParam *param);
+
+/**
+ * Sets the EDCA profile. Takes effect with the next commit. Key "edcaProfile" of
+ * "/var/wsmDefaults", one for both radios: radioIndex only has to be valid.
+ * @param param radioIndex 0 or 1; featureOptions 0 (Tavon) or 1 (WMM)
+ * @retval 0  written
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 47 featureOptions is out of range
+ * @retval 7  the file can't be loaded
+ * @retval 25 the key can't be written
+ * @retval 8  the file can't be saved
+ * @see oruSdkGetEdcaProfile
+ */
+ORUSDK_API uint32_t oruSdkSetEdcaProfile(OruSdkOptionParam *param);
+
+/**
+ * Reads the dynamic profile selection. Key "dynamicProfileSelection" of "/var/wsmDefaults", one for
+ * both radios: radioIndex only has to be valid.
+ * @param param radioIndex 0 or 1; featureOptions receives the stored number as it is
+ * @retval 0  read
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 7  the file can't be loaded
+ * @retval 42 the key is missing or no number
+ * @see oruSdkSetDynamicProfileSelect
+ */
+ORUSDK_API uint32_t oruSdkGetDynamicProfileSelect(OruSdkOptionParam *param);
+
+/**
+ * Sets the dynamic profile selection, which needs WMM. Takes effect with the next commit. Key
+ * "dynamicProfileSelection" of "/var/wsmDefaults", one for both radios: radioIndex only has to be
+ * valid.
+ * @param param radioIndex 0 or 1; featureOptions 0 (Tavon), 1 (WMM) or 2 (off)
+ * @retval 0   written
+ * @retval 2   param is NULL
+ * @retval 3   radioIndex is 2 or more
+ * @retval 103 featureOptions is 3 or more
+ * @retval 42  oruSdkGetWmm() fails, whatever its code
+ * @retval 104 WMM is off
+ * @retval 7   the file can't be loaded
+ * @retval 25  the key can't be written
+ * @retval 8   the file can't be saved
+ * @see oruSdkGetDynamicProfileSelect
+ */
+ORUSDK_API uint32_t oruSdkSetDynamicProfileSelect(OruSdkOptionParam *param);
+
+/**
+ * Reads the channel bonding mode. Key "radio%d.channelBondingMode" of "/var/wsmDefaults".
+ * @param param radioIndex 0 or 1; featureOptions receives the stored number as it is
+ * @retval 0  read
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 7  the file can't be loaded
+ * @retval 42 the key is missing or no number
+ * @see oruSdkSetChannelBondingMode
+ */
+ORUSDK_API uint32_t oruSdkGetChannelBondingMode(OruSdkOptionParam *param);
+
+/**
+ * Sets the channel bonding mode. Takes effect with the next commit. Key
+ * "radio%d.channelBondingMode" of "/var/wsmDefaults"; any change, also back to 0, resets
+ * "radio%d.broadcastRate24GHz" to 65 and "radio%d.broadcastRate5GHz" to 69 (MCS 0 and 4 at 40 MHz).
+ * @param param radioIndex 0 or 1; featureOptions 0 (20 MHz) to 3
+ * @retval 0  written
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 47 featureOptions is out of range
+ * @retval 7  the file can't be loaded
+ * @retval 42 the stored mode is missing or no number
+ * @retval 25 a key can't be written
+ * @retval 8  the file can't be saved
+ * @see oruSdkGetChannelBondingMode
+ */
+ORUSDK_API uint32_t oruSdkSetChannelBondingMode(OruSdkOptionParam *param);
+
 /* ---- BSS assignment and identity ------------------------------------------------------------ */
 
 /* ---- Security modes: open and WPA ----------------------------------------------------------- */
