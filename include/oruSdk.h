@@ -1380,6 +1380,55 @@ ORUSDK_API uint32_t oruSdkSetMaxRate(OruSdkMaxRateParam *param);
 
 /* ---- Basic rate sets ------------------------------------------------------------------------ */
 
+/** The basic rates of one family, as a setter takes them. */
+typedef struct OruSdkBasicRateSetParam {
+    uint32_t radioIndex; /**< 0 or 1 */
+    uint32_t rateMode;   /**< 0 802.11a, 1 802.11b, 2 802.11g, 3 802.11n */
+    char rateSet[64];    /**< rates in Mbps, separated by blanks: "1 2 5.5 11" */
+} OruSdkBasicRateSetParam;
+
+/** The basic rates of all families, as a getter gives them. */
+typedef struct OruSdkBasicRateSetInfo {
+    uint32_t radioIndex;  /**< 0 or 1 */
+    char dot11aRates[64]; /**< rates in Mbps, separated by blanks */
+    char dot11bRates[64];
+    char dot11gRates[64];
+    char dot11nRates[64];
+} OruSdkBasicRateSetInfo;
+
+/**
+ * Reads the basic rates of every family. Keys "radio%d.dot11aRates", "radio%d.dot11bRates",
+ * "radio%d.dot11gRates", "radio%d.dot11nRates" of "/var/wsmDefaults", in this order.
+ * @param info radioIndex 0 or 1; each text receives its family's basic rates in the stored order,
+ *             at most as many whole ones as fit. The text of a family without any is left as it was:
+ *             clear the record beforehand
+ * @retval 0  read
+ * @retval 2  info is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 7  the file can't be loaded
+ * @retval 42 a key is missing; the texts before it are filled
+ * @see oruSdkSetBasicRateSetParam
+ */
+ORUSDK_API uint32_t oruSdkGetBasicRateSetParam(OruSdkBasicRateSetInfo *info);
+
+/**
+ * Sets the basic rates of one family. Takes effect with the next commit. Key "radio%d.dot11aRates",
+ * "radio%d.dot11bRates", "radio%d.dot11gRates" or "radio%d.dot11nRates" of "/var/wsmDefaults".
+ * @param param radioIndex 0 or 1; rateMode 0 to 3; rateSet any of "1 2 5.5 11" for 802.11b, of
+ *              "6 9 12 18 24 36 48 54" for the others, in any order; empty for no basic rate. With
+ *              802.11n only the digits that a rate begins with count: "6.5" is taken as 6
+ * @retval 0  written
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 21 rateMode is 4 or more
+ * @retval 22 rateSet names a rate that is none of its family
+ * @retval 7  the file can't be loaded
+ * @retval 25 the key can't be written
+ * @retval 8  the file can't be saved
+ * @see oruSdkGetBasicRateSetParam
+ */
+ORUSDK_API uint32_t oruSdkSetBasicRateSetParam(OruSdkBasicRateSetParam *param);
+
 /* ---- MAC, beacon, retry and threshold parameters -------------------------------------------- */
 
 /** MAC thresholds and retry limits of a radio. */

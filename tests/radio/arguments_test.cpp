@@ -42,7 +42,11 @@ Operation row(const char *name, uint32_t (*operation)(Param *))
 
 std::vector<Operation> operations()
 {
+    Operation getBasicRates = ROW(GetBasicRateSetParam);
+    getBasicRates.noRadio = "Invalid radio ID"; // without the number
     return {
+        getBasicRates,
+        ROW(SetBasicRateSetParam),
         ROW(GetDot11MacParam),
         ROW(SetDot11MacParam),
         ROW(GetBeaconParam),
