@@ -1400,8 +1400,8 @@ typedef struct OruSdkBasicRateSetInfo {
  * Reads the basic rates of every family. Keys "radio%d.dot11aRates", "radio%d.dot11bRates",
  * "radio%d.dot11gRates", "radio%d.dot11nRates" of "/var/wsmDefaults", in this order.
  * @param info radioIndex 0 or 1; each text receives its family's basic rates in the stored order,
- *             at most as many whole ones as fit. The text of a family without any is left as it was:
- *             clear the record beforehand
+ *             at most as many whole ones as fit. The text of a family without any is left as it
+ * was: clear the record beforehand
  * @retval 0  read
  * @retval 2  info is NULL
  * @retval 3  radioIndex is 2 or more
@@ -1569,8 +1569,8 @@ ORUSDK_API uint32_t oruSdkSetDot11Protection(OruSdkProtectionParam *param);
 ORUSDK_API uint32_t oruSdkGetDot11StdExt(OruSdkRadioSwitchParam *param);
 
 /**
- * Turns the standard extensions on or off. Off makes the radio an 802.11b-only one and turns WMM off
- * for both radios. Takes effect with the next commit. Key "radio%d.standardExt" of
+ * Turns the standard extensions on or off. Off makes the radio an 802.11b-only one and turns WMM
+ * off for both radios. Takes effect with the next commit. Key "radio%d.standardExt" of
  * "/var/wsmDefaults"; with enable 0 also "radio%d.dot11Mode" (2), "wmmEnabledFlag" (0) and
  * "adminDot11bStaFlag" (1; not the key of oruSdkSetStaAcceptCriteria()).
  * @param param radioIndex 0 or 1; enable 0 (off) or 1 (on)
@@ -1600,8 +1600,8 @@ ORUSDK_API uint32_t oruSdkGetBgScanning(OruSdkRadioSwitchParam *param);
 
 /**
  * Turns background scanning on or off. Takes effect with the next commit. Key "measurementDisabled"
- * of "/var/wsmDefaults", one for both radios, stored inverted: radioIndex only has to be valid. With
- * enable 0 reads "periodicDfsFlag" first.
+ * of "/var/wsmDefaults", one for both radios, stored inverted: radioIndex only has to be valid.
+ * With enable 0 reads "periodicDfsFlag" first.
  * @param param radioIndex 0 or 1; enable 0 (off) or 1 (on)
  * @retval 0  written
  * @retval 2  param is NULL
