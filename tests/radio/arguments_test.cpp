@@ -21,6 +21,11 @@ struct Operation {
     std::string noRadio = "Invalid radio ID: %d";
 };
 
+std::ostream &operator<<(std::ostream &to, const Operation &operation)
+{
+    return to << operation.name;
+}
+
 /// A record with every byte set: each value in it is out of its range.
 template <class Param>
 Operation row(const char *name, uint32_t (*operation)(Param *))

@@ -37,6 +37,11 @@ struct Family {
     }
 };
 
+std::ostream &operator<<(std::ostream &to, const Family &family)
+{
+    return to << family.name;
+}
+
 const Family kFamilies[] = {
     {"a", 0, kOfdm, &OruSdkBasicRateSetInfo::dot11aRates},
     {"b", 1, k11b, &OruSdkBasicRateSetInfo::dot11bRates},

@@ -40,6 +40,11 @@ struct Family {
     }
 };
 
+std::ostream &operator<<(std::ostream &to, const Family &family)
+{
+    return to << family.name;
+}
+
 const Family kMac{
     "Dot11MacParam",
     [](uint32_t *record) {
