@@ -1380,11 +1380,431 @@ ORUSDK_API uint32_t oruSdkSetMaxRate(OruSdkMaxRateParam *param);
 
 /* ---- Basic rate sets ------------------------------------------------------------------------ */
 
+/** The basic rates of one family, as a setter takes them. */
+typedef struct OruSdkBasicRateSetParam {
+    uint32_t radioIndex; /**< 0 or 1 */
+    uint32_t rateMode;   /**< 0 802.11a, 1 802.11b, 2 802.11g, 3 802.11n */
+    char rateSet[64];    /**< rates in Mbps, separated by blanks: "1 2 5.5 11" */
+} OruSdkBasicRateSetParam;
+
+/** The basic rates of all families, as a getter gives them. */
+typedef struct OruSdkBasicRateSetInfo {
+    uint32_t radioIndex;  /**< 0 or 1 */
+    char dot11aRates[64]; /**< rates in Mbps, separated by blanks */
+    char dot11bRates[64];
+    char dot11gRates[64];
+    char dot11nRates[64];
+} OruSdkBasicRateSetInfo;
+
+/**
+ * Reads the basic rates of every family. Keys "radio%d.dot11aRates", "radio%d.dot11bRates",
+ * "radio%d.dot11gRates", "radio%d.dot11nRates" of "/var/wsmDefaults", in this order.
+ * @param info radioIndex 0 or 1; each text receives its family's basic rates in the stored order,
+ *             at most as many whole ones as fit. The text of a family without any is left as it
+ * was: clear the record beforehand
+ * @retval 0  read
+ * @retval 2  info is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 7  the file can't be loaded
+ * @retval 42 a key is missing; the texts before it are filled
+ * @see oruSdkSetBasicRateSetParam
+ */
+ORUSDK_API uint32_t oruSdkGetBasicRateSetParam(OruSdkBasicRateSetInfo *info);
+
+/**
+ * Sets the basic rates of one family. Takes effect with the next commit. Key "radio%d.dot11aRates",
+ * "radio%d.dot11bRates", "radio%d.dot11gRates" or "radio%d.dot11nRates" of "/var/wsmDefaults".
+ * @param param radioIndex 0 or 1; rateMode 0 to 3; rateSet any of "1 2 5.5 11" for 802.11b, of
+ *              "6 9 12 18 24 36 48 54" for the others, in any order; empty for no basic rate. With
+ *              802.11n only the digits that a rate begins with count: "6.5" is taken as 6
+ * @retval 0  written
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 21 rateMode is 4 or more
+ * @retval 22 rateSet names a rate that is none of its family
+ * @retval 7  the file can't be loaded
+ * @retval 25 the key can't be written
+ * @retval 8  the file can't be saved
+ * @see oruSdkGetBasicRateSetParam
+ */
+ORUSDK_API uint32_t oruSdkSetBasicRateSetParam(OruSdkBasicRateSetParam *param);
+
 /* ---- MAC, beacon, retry and threshold parameters -------------------------------------------- */
+
+/** MAC thresholds and retry limits of a radio. */
+typedef struct OruSdkDot11MacParam {
+    uint32_t radioIndex;      /**< 0 or 1 */
+    uint32_t fragThreshold;   /**< fragmentation threshold in bytes, 256 to 2346 */
+    uint32_t rtsThreshold;    /**< RTS threshold in bytes, 1 to 2347 */
+    uint32_t shortRetryLimit; /**< 0 to 255 */
+    uint32_t longRetryLimit;  /**< 0 to 255 */
+} OruSdkDot11MacParam;
+
+/** Beacon timing of a radio. */
+typedef struct OruSdkBeaconParam {
+    uint32_t radioIndex;   /**< 0 or 1 */
+    uint32_t beaconPeriod; /**< in time units, 1 to 65535 */
+    uint32_t dtimPeriod;   /**< in beacons, 1 to 255 */
+} OruSdkBeaconParam;
+
+/**
+ * Reads the thresholds and retry limits, in the order of the record. Keys "radio%d.fragThPeriod",
+ * "radio%d.rtsThPeriod", "radio%d.shortRetryLimit", "radio%d.longRetryLimit" of
+ * "/var/wsmDefaults".
+ * @param param radioIndex 0 or 1; the other fields receive the stored numbers as they are
+ * @retval 0  read
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 7  the file can't be loaded
+ * @retval 42 a key is missing or no number; the fields before it are filled
+ * @see oruSdkSetDot11MacParam
+ */
+ORUSDK_API uint32_t oruSdkGetDot11MacParam(OruSdkDot11MacParam *param);
+
+/**
+ * Sets the thresholds and retry limits. Takes effect with the next commit. Keys
+ * "radio%d.fragThPeriod", "radio%d.rtsThPeriod", "radio%d.shortRetryLimit",
+ * "radio%d.longRetryLimit" of "/var/wsmDefaults".
+ * @param param radioIndex 0 or 1; fragThreshold 256 to 2346 bytes; rtsThreshold 1 to 2347 bytes;
+ *              shortRetryLimit and longRetryLimit 0 to 255
+ * @retval 0  written
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 11 fragThreshold is out of range
+ * @retval 12 rtsThreshold is out of range
+ * @retval 13 shortRetryLimit is out of range
+ * @retval 14 longRetryLimit is out of range
+ * @retval 7  the file can't be loaded
+ * @retval 25 a key can't be written
+ * @retval 8  the file can't be saved
+ * @see oruSdkGetDot11MacParam
+ */
+ORUSDK_API uint32_t oruSdkSetDot11MacParam(OruSdkDot11MacParam *param);
+
+/**
+ * Reads the beacon period, then the DTIM period. Keys "radio%d.beaconPeriod" and
+ * "radio%d.dtimPeriod" of "/var/wsmDefaults".
+ * @param param radioIndex 0 or 1; the other fields receive the stored numbers as they are
+ * @retval 0  read
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 7  the file can't be loaded
+ * @retval 42 a key is missing or no number; the field before it is filled
+ * @see oruSdkSetBeaconParam
+ */
+ORUSDK_API uint32_t oruSdkGetBeaconParam(OruSdkBeaconParam *param);
+
+/**
+ * Sets the beacon and DTIM periods. Takes effect with the next commit. Keys "radio%d.beaconPeriod"
+ * and "radio%d.dtimPeriod" of "/var/wsmDefaults".
+ * @param param radioIndex 0 or 1; beaconPeriod 1 to 65535 time units; dtimPeriod 1 to 255 beacons
+ * @retval 0  written
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 9  beaconPeriod is out of range
+ * @retval 10 dtimPeriod is out of range
+ * @retval 7  the file can't be loaded
+ * @retval 25 a key can't be written
+ * @retval 8  the file can't be saved
+ * @see oruSdkGetBeaconParam
+ */
+ORUSDK_API uint32_t oruSdkSetBeaconParam(OruSdkBeaconParam *param);
 
 /* ---- Protection, standard extensions, scanning and admission -------------------------------- */
 
+/** 802.11g protection. */
+typedef struct OruSdkProtectionParam {
+    uint32_t radioIndex;     /**< 0 or 1 */
+    uint32_t prtnEnable;     /**< 0 to 4; 4 says that protectionMode is given */
+    uint32_t protectionMode; /**< any number; only with prtnEnable 4 */
+} OruSdkProtectionParam;
+
+/** A switch that other settings depend on. */
+typedef struct OruSdkRadioSwitchParam {
+    uint16_t reserved;
+    uint16_t radioIndex; /**< 0 or 1 */
+    uint32_t enable;     /**< 0 or 1 */
+} OruSdkRadioSwitchParam;
+
+/**
+ * Reads 802.11g protection. Key "radio%d.dot11Protection" and, when it holds 4,
+ * "radio%d.ProtectionMode" of "/var/wsmDefaults".
+ * @param param radioIndex 0 or 1; prtnEnable receives the stored number as it is; protectionMode
+ *              is left as it was unless prtnEnable is 4
+ * @retval 0  read
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 7  the file can't be loaded
+ * @retval 42 a key is missing or no number
+ * @see oruSdkSetDot11Protection
+ */
+ORUSDK_API uint32_t oruSdkGetDot11Protection(OruSdkProtectionParam *param);
+
+/**
+ * Sets 802.11g protection. Takes effect with the next commit. Keys "radio%d.dot11Protection", with
+ * prtnEnable 4 "radio%d.ProtectionMode", and "dot11gShortSlotTime" of "/var/wsmDefaults": the
+ * last is shared by both radios and takes protectionMode with prtnEnable 4, else prtnEnable.
+ * @param param radioIndex 0 or 1; prtnEnable 0 to 4; protectionMode any number
+ * @retval 0  written
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 51 prtnEnable is 5 or more
+ * @retval 7  the file can't be loaded
+ * @retval 25 a key can't be written
+ * @retval 8  the file can't be saved
+ * @see oruSdkGetDot11Protection
+ */
+ORUSDK_API uint32_t oruSdkSetDot11Protection(OruSdkProtectionParam *param);
+
+/**
+ * Reads whether the standard extensions are on. Key "radio%d.standardExt" of "/var/wsmDefaults".
+ * @param param radioIndex 0 or 1; enable receives the stored number as it is
+ * @retval 0  read
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 7  the file can't be loaded
+ * @retval 42 the key is missing or no number
+ * @see oruSdkSetDot11StdExt
+ */
+ORUSDK_API uint32_t oruSdkGetDot11StdExt(OruSdkRadioSwitchParam *param);
+
+/**
+ * Turns the standard extensions on or off. Off makes the radio an 802.11b-only one and turns WMM
+ * off for both radios. Takes effect with the next commit. Key "radio%d.standardExt" of
+ * "/var/wsmDefaults"; with enable 0 also "radio%d.dot11Mode" (2), "wmmEnabledFlag" (0) and
+ * "adminDot11bStaFlag" (1; not the key of oruSdkSetStaAcceptCriteria()).
+ * @param param radioIndex 0 or 1; enable 0 (off) or 1 (on)
+ * @retval 0  written
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 53 enable is neither 0 nor 1
+ * @retval 7  the file can't be loaded
+ * @retval 25 a key can't be written
+ * @retval 8  the file can't be saved
+ * @see oruSdkGetDot11StdExt
+ */
+ORUSDK_API uint32_t oruSdkSetDot11StdExt(OruSdkRadioSwitchParam *param);
+
+/**
+ * Reads whether background scanning is on. Key "measurementDisabled" of "/var/wsmDefaults", one for
+ * both radios, stored inverted: radioIndex only has to be valid.
+ * @param param radioIndex 0 or 1; enable receives 0 when the key holds 1, else 1
+ * @retval 0  read
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 7  the file can't be loaded
+ * @retval 42 the key is missing or no number
+ * @see oruSdkSetBgScanning
+ */
+ORUSDK_API uint32_t oruSdkGetBgScanning(OruSdkRadioSwitchParam *param);
+
+/**
+ * Turns background scanning on or off. Takes effect with the next commit. Key "measurementDisabled"
+ * of "/var/wsmDefaults", one for both radios, stored inverted: radioIndex only has to be valid.
+ * With enable 0 reads "periodicDfsFlag" first.
+ * @param param radioIndex 0 or 1; enable 0 (off) or 1 (on)
+ * @retval 0  written
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 55 enable is neither 0 nor 1
+ * @retval 7  the file can't be loaded
+ * @retval 42 enable is 0 and "periodicDfsFlag" is missing or no number
+ * @retval 61 enable is 0 while periodic DFS is on
+ * @retval 25 the key can't be written
+ * @retval 8  the file can't be saved
+ * @see oruSdkGetBgScanning
+ */
+ORUSDK_API uint32_t oruSdkSetBgScanning(OruSdkRadioSwitchParam *param);
+
+/**
+ * Reads whether 802.11b stations are admitted. Key "radio%d.adminDot11bStaFlag" of
+ * "/var/wsmDefaults".
+ * @param param radioIndex 0 or 1; enable receives the stored number as it is
+ * @retval 0  read
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 7  the file can't be loaded
+ * @retval 42 the key is missing or no number
+ * @see oruSdkSetStaAcceptCriteria
+ */
+ORUSDK_API uint32_t oruSdkGetStaAcceptCriteria(OruSdkRadioSwitchParam *param);
+
+/**
+ * Admits or rejects 802.11b stations. Takes effect with the next commit. Key
+ * "radio%d.adminDot11bStaFlag" of "/var/wsmDefaults"; with enable 0 reads "radio%d.standardExt" and
+ * "radio%d.dot11Mode" first.
+ * @param param radioIndex 0 or 1; enable 0 (reject) or 1 (admit)
+ * @retval 0  written
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 56 enable is neither 0 nor 1
+ * @retval 7  the file can't be loaded
+ * @retval 42 enable is 0 and a key that it needs is missing or no number
+ * @retval 59 enable is 0 while the standard extensions are off
+ * @retval 60 enable is 0 while the radio is an 802.11b-only one
+ * @retval 25 the key can't be written
+ * @retval 8  the file can't be saved
+ * @see oruSdkGetStaAcceptCriteria
+ */
+ORUSDK_API uint32_t oruSdkSetStaAcceptCriteria(OruSdkRadioSwitchParam *param);
+
+/**
+ * Reads the threshold and the counter of smart background scanning (SBS). Keys
+ * "radio%d.sbsThreshold" and "radio%d.sbsCounter" of "/var/wsmDefaults".
+ * @param radioIndex 0 or 1
+ * @param threshold  receives the stored number as it is; 1, with a warning, when it can't be read
+ * @param counter    receives the stored number as it is
+ * @retval 0  read
+ * @retval 3  radioIndex is neither 0 nor 1; checked before the pointers
+ * @retval 2  threshold or counter is NULL
+ * @retval 7  the file can't be loaded
+ * @retval 42 the counter's key is missing or no number; threshold is filled
+ * @see oruSdkSetSbsParams
+ */
+ORUSDK_API uint32_t oruSdkGetSbsParams(int32_t radioIndex, uint32_t *threshold, uint32_t *counter);
+
+/**
+ * Sets the threshold and the counter of smart background scanning (SBS). Takes effect with the next
+ * commit. Keys "radio%d.sbsThreshold" and "radio%d.sbsCounter" of "/var/wsmDefaults".
+ * @param radioIndex 0 or 1
+ * @param threshold  any number
+ * @param counter    any number
+ * @retval 0  written
+ * @retval 3  radioIndex is neither 0 nor 1
+ * @retval 7  the file can't be loaded
+ * @retval 25 a key can't be written
+ * @retval 8  the file can't be saved
+ * @see oruSdkGetSbsParams
+ */
+ORUSDK_API uint32_t oruSdkSetSbsParams(int32_t radioIndex, uint32_t threshold, uint32_t counter);
+
 /* ---- QoS and channel bonding ---------------------------------------------------------------- */
+
+/** WMM and the traffic classifier. */
+typedef struct OruSdkWmmParam {
+    uint32_t radioIndex;        /**< 0 or 1 */
+    uint32_t wmmEnabled;        /**< 0 off, 1 on */
+    uint32_t trafficClassifier; /**< 0 disabled, 1 automatic, 2 WMM standard, 3 enhanced */
+} OruSdkWmmParam;
+
+/**
+ * Reads WMM, then the traffic classifier. Keys "wmmEnabledFlag" and "TrafficClassifier" of
+ * "/var/wsmDefaults", one for both radios: radioIndex only has to be valid.
+ * @param param radioIndex 0 or 1; the other fields receive the stored numbers as they are
+ * @retval 0  read
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 7  the file can't be loaded
+ * @retval 42 a key is missing or no number; the field before it is filled
+ * @see oruSdkSetWmm
+ */
+ORUSDK_API uint32_t oruSdkGetWmm(OruSdkWmmParam *param);
+
+/**
+ * Sets WMM and the traffic classifier. Takes effect with the next commit. Keys "wmmEnabledFlag" and
+ * "TrafficClassifier" of "/var/wsmDefaults", one for both radios. WMM needs the standard extensions
+ * of the given radio ("radio%d.standardExt").
+ * @param param radioIndex 0 or 1; wmmEnabled 0 or 1; trafficClassifier 0 to 3
+ * @retval 0  written
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 49 wmmEnabled is neither 0 nor 1, or trafficClassifier is 4 or more
+ * @retval 7  the file can't be loaded
+ * @retval 42 wmmEnabled is 1 and "radio%d.standardExt" is missing or no number
+ * @retval 59 wmmEnabled is 1 while the standard extensions are off
+ * @retval 25 a key can't be written
+ * @retval 8  the file can't be saved
+ * @see oruSdkGetWmm
+ */
+ORUSDK_API uint32_t oruSdkSetWmm(OruSdkWmmParam *param);
+
+/**
+ * Reads the EDCA profile. Key "edcaProfile" of "/var/wsmDefaults", one for both radios: radioIndex
+ * only has to be valid.
+ * @param param radioIndex 0 or 1; featureOptions receives the stored number as it is
+ * @retval 0  read
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 7  the file can't be loaded
+ * @retval 42 the key is missing or no number
+ * @see oruSdkSetEdcaProfile
+ */
+ORUSDK_API uint32_t oruSdkGetEdcaProfile(OruSdkOptionParam *param);
+
+/**
+ * Sets the EDCA profile. Takes effect with the next commit. Key "edcaProfile" of
+ * "/var/wsmDefaults", one for both radios: radioIndex only has to be valid.
+ * @param param radioIndex 0 or 1; featureOptions 0 (Tavon) or 1 (WMM)
+ * @retval 0  written
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 47 featureOptions is out of range
+ * @retval 7  the file can't be loaded
+ * @retval 25 the key can't be written
+ * @retval 8  the file can't be saved
+ * @see oruSdkGetEdcaProfile
+ */
+ORUSDK_API uint32_t oruSdkSetEdcaProfile(OruSdkOptionParam *param);
+
+/**
+ * Reads the dynamic profile selection. Key "dynamicProfileSelection" of "/var/wsmDefaults", one for
+ * both radios: radioIndex only has to be valid.
+ * @param param radioIndex 0 or 1; featureOptions receives the stored number as it is
+ * @retval 0  read
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 7  the file can't be loaded
+ * @retval 42 the key is missing or no number
+ * @see oruSdkSetDynamicProfileSelect
+ */
+ORUSDK_API uint32_t oruSdkGetDynamicProfileSelect(OruSdkOptionParam *param);
+
+/**
+ * Sets the dynamic profile selection, which needs WMM. Takes effect with the next commit. Key
+ * "dynamicProfileSelection" of "/var/wsmDefaults", one for both radios: radioIndex only has to be
+ * valid.
+ * @param param radioIndex 0 or 1; featureOptions 0 (Tavon), 1 (WMM) or 2 (off)
+ * @retval 0   written
+ * @retval 2   param is NULL
+ * @retval 3   radioIndex is 2 or more
+ * @retval 103 featureOptions is 3 or more
+ * @retval 42  oruSdkGetWmm() fails, whatever its code
+ * @retval 104 WMM is off
+ * @retval 7   the file can't be loaded
+ * @retval 25  the key can't be written
+ * @retval 8   the file can't be saved
+ * @see oruSdkGetDynamicProfileSelect
+ */
+ORUSDK_API uint32_t oruSdkSetDynamicProfileSelect(OruSdkOptionParam *param);
+
+/**
+ * Reads the channel bonding mode. Key "radio%d.channelBondingMode" of "/var/wsmDefaults".
+ * @param param radioIndex 0 or 1; featureOptions receives the stored number as it is
+ * @retval 0  read
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 7  the file can't be loaded
+ * @retval 42 the key is missing or no number
+ * @see oruSdkSetChannelBondingMode
+ */
+ORUSDK_API uint32_t oruSdkGetChannelBondingMode(OruSdkOptionParam *param);
+
+/**
+ * Sets the channel bonding mode. Takes effect with the next commit. Key
+ * "radio%d.channelBondingMode" of "/var/wsmDefaults"; any change, also back to 0, resets
+ * "radio%d.broadcastRate24GHz" to 65 and "radio%d.broadcastRate5GHz" to 69 (MCS 0 and 4 at 40 MHz).
+ * @param param radioIndex 0 or 1; featureOptions 0 (20 MHz) to 3
+ * @retval 0  written
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 47 featureOptions is out of range
+ * @retval 7  the file can't be loaded
+ * @retval 42 the stored mode is missing or no number
+ * @retval 25 a key can't be written
+ * @retval 8  the file can't be saved
+ * @see oruSdkGetChannelBondingMode
+ */
+ORUSDK_API uint32_t oruSdkSetChannelBondingMode(OruSdkOptionParam *param);
 
 /* ---- BSS assignment and identity ------------------------------------------------------------ */
 
