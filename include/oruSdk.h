@@ -980,6 +980,92 @@ ORUSDK_API uint32_t oruSdkSetPreambleType(OruSdkOptionParam *param);
 
 /* ---- Radio information and world mode ------------------------------------------------------- */
 
+/** What WSM tells of one radio: 96 bytes. */
+typedef struct OruSdkRadioInfoEntry {
+    char countryCode[3]; /**< ISO 3166 letters of the country, and one for the environment */
+    uint16_t attr1;      /**< attr1 to attr9: as WSM sent them; of no meaning to this library */
+    uint16_t attr2;
+    uint16_t attr3;
+    uint16_t attr4;
+    uint32_t attr5;
+    uint8_t attr6;
+    uint16_t attr7;
+    uint16_t attr8;
+    uint32_t attr9;
+    uint8_t bandSupport[4]; /**< [2] is 0 on a product for 2.4 GHz only; the others as sent */
+    uint8_t channelCount;   /**< channels that follow, below 60 */
+    uint8_t channels[63];   /**< allowed channel numbers, in WSM's order; the rest is left alone */
+} OruSdkRadioInfoEntry;
+
+/** The most radios that one reply of WSM can tell of. */
+#define ORUSDK_RADIO_INFO_MAX_RADIOS 689u
+
+/**
+ * What WSM tells of its radios. The record has room for the access point's two radios; for a WSM
+ * that may tell of more, allocate
+ *
+ *     sizeof(OruSdkRadioInfo) + (radios - 2) * sizeof(OruSdkRadioInfoEntry)
+ *
+ * bytes, with ORUSDK_RADIO_INFO_MAX_RADIOS for any WSM, and read the entries through a pointer:
+ * `const OruSdkRadioInfoEntry *entry = info->entries;`.
+ */
+typedef struct OruSdkRadioInfo {
+    uint8_t radioCount[4];           /**< entries filled, most significant byte first */
+    OruSdkRadioInfoEntry entries[2]; /**< and more behind, where WSM tells of more radios */
+} OruSdkRadioInfo;
+
+/**
+ * Asks WSM for its radios: country, allowed channels, bands. Asks afresh on each call, and waits at
+ * most 20 seconds.
+ * @param info receives the radios; must have room for all that WSM tells of, see the record
+ * @retval 0  filled; WSM that says nothing within the wait gives radioCount 0. A reply that ends
+ *            inside an entry gives the whole entries before it
+ * @retval 2  info is NULL
+ * @retval 48 WSM can't be asked, or its reply can't be received
+ * @retval 1  an entry has 60 channels or more; radioCount is left alone, the entries before it and
+ *            the fixed fields of that entry are filled. Nothing is logged
+ */
+ORUSDK_API uint32_t oruSdkGetRadioInfo(OruSdkRadioInfo *info);
+
+/** ISO 3166 alpha-2 codes of the world's countries in ascending order, "AD" to "ZW". */
+ORUSDK_API extern const char *const oruSdkCountryStrings[244];
+
+/** World mode. */
+typedef struct OruSdkWorldModeParam {
+    uint32_t worldModeSupport; /**< multi-domain operation: 0 off, 1 on; as stored on get */
+    char countryCode[3];       /**< get only: two letters and a terminator */
+} OruSdkWorldModeParam;
+
+/**
+ * Reads world mode, and the country: the configured one when "countryCodeFlag" is 1, else that of
+ * radio 0 as WSM told it when the process first needed it. The letter of the environment is
+ * dropped.
+ * Keys "worldModeSupport", "countryCodeFlag" and "countryCode" of "/var/wsmDefaults", device-wide.
+ * @param param worldModeSupport and countryCode receive what is read, in this order
+ * @retval 0     read
+ * @retval 2     param is NULL
+ * @retval 7     the file can't be loaded
+ * @retval 42    a key is missing or damaged
+ * @retval 48, 1 the country is the radio's, and this first question to WSM failed, as in
+ *               oruSdkGetRadioInfo()
+ * @see oruSdkSetWorldMode
+ */
+ORUSDK_API uint32_t oruSdkGetWorldMode(OruSdkWorldModeParam *param);
+
+/**
+ * Sets world mode. The country keys are never written. Takes effect with the next commit.
+ * Key "worldModeSupport" of "/var/wsmDefaults", device-wide.
+ * @param param worldModeSupport 0 or 1
+ * @retval 0  written
+ * @retval 2  param is NULL
+ * @retval 15 worldModeSupport is neither 0 nor 1
+ * @retval 7  the file can't be loaded
+ * @retval 25 the key can't be written
+ * @retval 8  the file can't be saved
+ * @see oruSdkGetWorldMode
+ */
+ORUSDK_API uint32_t oruSdkSetWorldMode(OruSdkWorldModeParam *param);
+
 /* ---- Channels ------------------------------------------------------------------------------- */
 
 /* ---- DFS and preferred channels ------------------------------------------------------------- */
