@@ -1068,9 +1068,237 @@ ORUSDK_API uint32_t oruSdkSetWorldMode(OruSdkWorldModeParam *param);
 
 /* ---- Channels ------------------------------------------------------------------------------- */
 
+/** How a radio comes to its channel. */
+typedef struct OruSdkChannelParam {
+    uint32_t radioIndex;       /**< 0 or 1 */
+    uint32_t channel;          /**< primary channel; 0: selected automatically */
+    uint32_t secondaryChannel; /**< 40 MHz partner; 0: none. Of no meaning when channel is 0 */
+    uint32_t autoSelMode;      /**< when channel is 0: selected 0 once, 1 periodically, 2 with the
+                                    periodic settings left as they are */
+    uint32_t periodicDfsTimer; /**< when autoSelMode is 1: interval, in a unit of WSM */
+} OruSdkChannelParam;
+
+/**
+ * Reads how a radio comes to its channel. A fixed channel fills channel and secondaryChannel; an
+ * automatic one sets channel to 0 and fills autoSelMode, and periodicDfsTimer when that is 1. The
+ * other fields are left alone. Mode 2 is not stored: it reads as the periodic setting that it left.
+ * Keys "radio%d.channelSelectionType" (2 is fixed), "radio%d.configuredChannel",
+ * "radio%d.configuredSecondaryChannel", one per radio, "periodicDfsFlag" and "periodicDfsTmr",
+ * device-wide, of "/var/wsmDefaults".
+ * @param param radioIndex 0 or 1
+ * @retval 0  read
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 7  the file can't be loaded
+ * @retval 42 a key is missing or no number; what was read before is filled
+ * @see oruSdkSetChannelParam
+ */
+ORUSDK_API uint32_t oruSdkGetChannelParam(OruSdkChannelParam *param);
+
+/**
+ * Sets a radio's channel. A fixed channel must fit radar detection, 802.11 mode, channel bonding,
+ * the product, the regulatory domain as WSM told it when the process first needed it, and the fixed
+ * rate; an automatic one only radar detection and the mode. Takes effect with the next commit.
+ * Keys as in oruSdkGetChannelParam(), and "periodicMeasFlag" and "measurementDisabled",
+ * device-wide; a fixed channel switches periodic measurement off, and one of 5 GHz sets
+ * "radio%d.broadcastRate5GHz" to 69.
+ * @param param radioIndex 0 or 1; channel 0 with autoSelMode 0 to 2 (and any periodicDfsTimer when
+ *              that is 1), or a channel that exists with secondaryChannel 0 or four channels apart
+ * @retval 0   written
+ * @retval 2   param is NULL
+ * @retval 3   radioIndex is 2 or more
+ * @retval 7   the file can't be loaded
+ * @retval 42  a key that a check needs is missing or no number; each is read by its check
+ * @retval 120 a radar channel while radar detection is on
+ * @retval 106 channel bonding is on and there is no secondaryChannel
+ * @retval 19  a channel above 14 in an 802.11b/g mode, or 1 to 14 in 802.11a
+ * @retval 20  channel is 0 and autoSelMode above 2
+ * @retval 19  no such channel; 14 exists without channel bonding alone
+ * @retval 106 secondaryChannel does not exist, is not four channels apart, or is no partner of the
+ *             channel at 5 GHz (36/40, 44/48 and so on; 140 has none)
+ * @retval 93  the product is for 2.4 GHz only and the channel is not
+ * @retval 88  the channel is not allowed in the band and the regulatory domain of the radio, nor,
+ *             with channel bonding, the secondary one
+ * @retval 64  channel 14 in Japan outside the 802.11b mode
+ * @retval 69  an 802.11b fixed rate (codes 65 to 68 here) at 5 GHz
+ * @retval 25  a key can't be written
+ * @retval 8   the file can't be saved
+ * @see oruSdkGetChannelParam
+ */
+ORUSDK_API uint32_t oruSdkSetChannelParam(OruSdkChannelParam *param);
+
 /* ---- DFS and preferred channels ------------------------------------------------------------- */
 
+/** Items of OruSdkDfsParam that are set one by one. */
+enum {
+    ORUSDK_DFS_PREFERRED_BAND = 4,    /**< preferredBand */
+    ORUSDK_DFS_WEIGHT_MARGIN = 5,     /**< weightMargin */
+    ORUSDK_DFS_CB_SWITCH = 6,         /**< cbSwitch */
+    ORUSDK_DFS_PERSIST_RDR = 7,       /**< persistRdr */
+    ORUSDK_DFS_FORCE_CH_SEL = 8,      /**< forceChSelChan */
+    ORUSDK_DFS_RDR_PARKING = 9,       /**< rdrParking */
+    ORUSDK_DFS_RDR_WEIGHT_FACTOR = 10 /**< rdrChanWghtFactor */
+};
+
+/** Dynamic frequency selection. All items are device-wide. */
+typedef struct OruSdkDfsParam {
+    uint8_t radioIndex;           /**< 0 or 1 */
+    uint8_t paramId;              /**< item to set, ORUSDK_DFS_... */
+    uint8_t preferred24GPrimChan; /**< preferred primary channel at 2.4 GHz */
+    uint8_t preferred24GSecdChan; /**< and its 40 MHz partner */
+    uint8_t preferred5GPrimChan;  /**< preferred primary channel at 5 GHz */
+    uint8_t preferred5GSecdChan;  /**< and its 40 MHz partner */
+    uint8_t lowUniiBand;          /**< 5 GHz sub-bands that may be used: 0 or 1 */
+    uint8_t midUniiBand;          /**< 0 or 1 */
+    uint8_t highUniiBand;         /**< 0 or 1 */
+    uint8_t preferredBand;        /**< 0 to 2 */
+    uint8_t weightMargin;         /**< 0 to 100 */
+    uint8_t persistRdr;           /**< remember channels with radar: 0 or 1 */
+    uint8_t forceChSelChan;       /**< force a channel selection: 0 or 1 */
+    uint8_t rdrParking;           /**< radar parking: 0 or 1 */
+    uint32_t cbSwitch;            /**< channel bonding switch: 0 to 1000000000 */
+    uint32_t rdrChanWghtFactor;   /**< weight factor of channels with radar: 0 to 1000000000 */
+} OruSdkDfsParam;
+
+/**
+ * Reads all items of dynamic frequency selection, each filled as soon as it is read; the fields of
+ * 8 bits keep the low 8 bits of what is stored.
+ * Keys of "/var/wsmDefaults", in this order: "dfsPreferred24GPrimChan", "dfsPreferred24GSecdChan",
+ * "dfsPreferred5GPrimChan", "dfsPreferred5GSecdChan", "dfsLowUNIIBand", "dfsMidUNIIBand",
+ * "dfsHighUNIIBand", "dfsPreferredBand", "dfsWeightMargin", "cbSwitch", "dfsPersistRdr",
+ * "dfsForceChSelChan", "dfsRdrParking", "dfsRdrChanWghtFactor", device-wide.
+ * @param param radioIndex 0 or 1; all fields behind paramId receive what is stored
+ * @retval 0  read
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 7  the file can't be loaded
+ * @retval 42 a key is missing or no number
+ */
+ORUSDK_API uint32_t oruSdkGetDfsParam(OruSdkDfsParam *param);
+
+/**
+ * Sets the three 5 GHz sub-bands that may be used, one after the other: a failure leaves those
+ * before it saved. Takes effect with the next commit.
+ * Keys "dfsLowUNIIBand", "dfsMidUNIIBand", "dfsHighUNIIBand" of "/var/wsmDefaults", device-wide.
+ * @param param radioIndex 0 or 1; lowUniiBand, midUniiBand and highUniiBand 0 or 1
+ * @retval 0  written
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 47 the flag is neither 0 nor 1; looked at when its turn comes
+ * @retval 7  the file can't be loaded
+ * @retval 25 the key can't be written
+ * @retval 8  the file can't be saved
+ * @see oruSdkGetDfsParam
+ */
+ORUSDK_API uint32_t oruSdkSetDfsUniiBands(OruSdkDfsParam *param);
+
+/**
+ * Sets one on/off item. Takes effect with the next commit.
+ * Keys "dfsPersistRdr", "dfsForceChSelChan", "dfsRdrParking" of "/var/wsmDefaults", device-wide.
+ * @param param radioIndex 0 or 1; paramId ORUSDK_DFS_PERSIST_RDR, ORUSDK_DFS_FORCE_CH_SEL or
+ *              ORUSDK_DFS_RDR_PARKING, and 0 or 1 in the field of that item
+ * @retval 0  written
+ * @retval 2  param is NULL
+ * @retval 40 paramId is another
+ * @retval 3  radioIndex is 2 or more
+ * @retval 47 the item is neither 0 nor 1
+ * @retval 7  the file can't be loaded
+ * @retval 25 the key can't be written
+ * @retval 8  the file can't be saved
+ * @see oruSdkGetDfsParam
+ */
+ORUSDK_API uint32_t oruSdkSetDfsParamEnable(OruSdkDfsParam *param);
+
+/**
+ * Sets one numeric item. Takes effect with the next commit.
+ * Keys "dfsPreferredBand", "dfsWeightMargin", "cbSwitch", "dfsRdrChanWghtFactor" of
+ * "/var/wsmDefaults", device-wide.
+ * @param param radioIndex 0 or 1; paramId ORUSDK_DFS_PREFERRED_BAND, ORUSDK_DFS_WEIGHT_MARGIN,
+ *              ORUSDK_DFS_CB_SWITCH or ORUSDK_DFS_RDR_WEIGHT_FACTOR, and a value in the field of
+ *              that item within its range
+ * @retval 0  written
+ * @retval 2  param is NULL
+ * @retval 40 paramId is another
+ * @retval 3  radioIndex is 2 or more
+ * @retval 47 the item is out of range
+ * @retval 7  the file can't be loaded
+ * @retval 25 the key can't be written
+ * @retval 8  the file can't be saved
+ * @see oruSdkGetDfsParam
+ */
+ORUSDK_API uint32_t oruSdkSetDfsParamValue(OruSdkDfsParam *param);
+
+/**
+ * Sets the preferred channels of one band, and the preferred band. Takes effect with the next
+ * commit.
+ * Keys "dfsPreferred24GPrimChan" and "dfsPreferred24GSecdChan", or "dfsPreferred5GPrimChan" and
+ * "dfsPreferred5GSecdChan", and "dfsPreferredBand" of "/var/wsmDefaults", device-wide. Reads
+ * "radio%d.channelBondingMode", where a missing one counts as 0.
+ * @param param radioIndex 0 or 1, not checked; preferredBand, not checked; the two channels of the
+ *              band: at 2.4 GHz a primary channel of 1 to 14 (13 with channel bonding) and a
+ *              secondary one of 1 to 13, four apart, whatever the bonding; at 5 GHz channels that
+ *              WSM allows, where without bonding 0 is stored for the secondary one
+ * @param band  1 for 5 GHz, 2 for 2.4 GHz
+ * @retval 0   written
+ * @retval 2   param is NULL
+ * @retval 40  band is another
+ * @retval 7   the file can't be loaded
+ * @retval 19  2.4 GHz: the channels are invalid
+ * @retval 88  5 GHz: the primary channel is not allowed
+ * @retval 106 5 GHz with channel bonding: the secondary channel is not allowed
+ * @retval 25  a key can't be written
+ * @retval 8   the file can't be saved
+ * @see oruSdkGetDfsParam
+ */
+ORUSDK_API uint32_t oruSdkSetDfsPrefChans(OruSdkDfsParam *param, uint8_t band);
+
 /* ---- Radar detection ------------------------------------------------------------------------ */
+
+/**
+ * Reads whether a radio detects radar.
+ * Key "radio%d.radarDetectFlag" of "/var/wsmDefaults", one per radio.
+ * @param param radioIndex 0 or 1; activationFlag receives the stored number as it is
+ * @retval 0  read
+ * @retval 2  param is NULL
+ * @retval 3  radioIndex is 2 or more
+ * @retval 7  the file can't be loaded
+ * @retval 42 the key is missing or no number
+ * @see oruSdkSetRadarDetect
+ */
+ORUSDK_API uint32_t oruSdkGetRadarDetect(OruSdkFeatureParam *param);
+
+/**
+ * Switches a radio's radar detection, on or off, while its configured channel is no radar channel
+ * (52 to 64 and 100 to 140). Takes effect with the next commit.
+ * Key "radio%d.radarDetectFlag" of "/var/wsmDefaults", one per radio. Reads
+ * "radio%d.configuredChannel".
+ * @param param radioIndex 0 or 1; activationFlag 0 (off) or 1 (on)
+ * @retval 0   written
+ * @retval 2   param is NULL
+ * @retval 3   radioIndex is 2 or more
+ * @retval 47  activationFlag is neither 0 nor 1
+ * @retval 7   the file can't be loaded
+ * @retval 42  a key is missing or no number; the channel is read after the check of 121
+ * @retval 121 the switch is in that state already; nothing is logged
+ * @retval 122 the configured channel is a radar channel; nothing is logged. oruSdkRcStr[] has no
+ *             such entry
+ * @retval 25  the key can't be written
+ * @retval 8   the file can't be saved
+ * @see oruSdkGetRadarDetect
+ */
+ORUSDK_API uint32_t oruSdkSetRadarDetect(OruSdkFeatureParam *param);
+
+/**
+ * Replaces the list of channels on which radar was seen, which outlives a restart.
+ * Key "rdrChans" of "/config/wsmSavedRadarDetectList", device-wide.
+ * @param channels the list, NUL-terminated, in the form that WSM reads; stored as it is
+ * @retval 0  written
+ * @retval 2  channels is NULL
+ * @retval 7  the file can't be loaded
+ * @retval 25 the key can't be written
+ * @retval 8  the file can't be saved
+ */
+ORUSDK_API uint32_t oruSdkSetRdrPersistChan(const char *channels);
 
 /* ---- Radio persona and channel set ---------------------------------------------------------- */
 

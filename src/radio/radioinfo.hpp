@@ -7,8 +7,9 @@
 
 namespace oru {
 
-/// Copies a radio's entry out of the cache, which the first call of the process fills. The radio
-/// index is the caller's to check.
+/// Copies a radio's entry, of its channels as many as there are, out of the cache, which the first
+/// call of the process fills. The radio index is the caller's to check: one above 1 gives an empty
+/// entry.
 uint32_t getRadioInfo(uint32_t radio, OruSdkRadioInfoEntry *out);
 
 /// Copies the three bytes of a radio's country code.

@@ -2,8 +2,10 @@
 // life of the process: CTest runs each case in a process of its own.
 #pragma once
 
+#include "oruSdk.h"
 #include "support/accesspoint.hpp"
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -60,6 +62,28 @@ inline std::vector<std::string> linesAt(const StandIn &standIn, int32_t level)
     for (const LogLine &line : standIn.logs)
         if (line.level == level) texts.push_back(line.text);
     return texts;
+}
+
+/// Leaves one line of what was caught: those at error level, joined. For failure sweeps.
+inline uint32_t inOneLine(uint32_t code)
+{
+    StandIn &standIn = StandIn::get();
+    std::erase_if(standIn.logs, [](const LogLine &line) { return line.level == 6; });
+    for (size_t i = 1; i < standIn.logs.size(); ++i)
+        standIn.logs[0].text += " | " + standIn.logs[i].text;
+    if (standIn.logs.size() > 1) standIn.logs.resize(1);
+    return code;
+}
+
+/// Lets the library ask for these radios now, unless it has asked in this process.
+inline void tellRadios(const AccessPoint &box, StandIn &standIn, const std::vector<Radio> &radios)
+{
+    box.set(kWsm, "worldModeSupport", "0");
+    box.set(kWsm, "countryCodeFlag", "0");
+    standIn.replyWith(radioReply(radios));
+    OruSdkWorldModeParam param;
+    ASSERT_EQ(oruSdkGetWorldMode(&param), 0u);
+    standIn.reset();
 }
 
 /// Several lines in one place, in order, and nothing else at error level; forgets them all.
