@@ -157,10 +157,16 @@ TEST_F(RegDomain, OtherCountriesKeep14Channels)
     EXPECT_EQ(info.count24, 14);
 }
 
-TEST_F(RegDomain, JapanKeepsChannel14OfAnyOtherNumberOfChannels)
+TEST_F(RegDomain, JapanKeepsChannel14OfFewerChannels)
 {
     EXPECT_EQ(build({"JPI", {12, 13, 14, 36}}, "3"), 0u);
     EXPECT_THAT(list24(), ElementsAre(12, 13, 14));
+}
+
+TEST_F(RegDomain, JapanKeepsChannel14OfMoreChannels)
+{
+    EXPECT_EQ(build({"JPI", channelsFrom(0, 15)}, "3"), 0u);
+    EXPECT_EQ(info.count24, 15);
 }
 
 // Failures, in order

@@ -145,6 +145,7 @@ TEST_F(Radar, ListIsStoredAsItIs)
 
 TEST_F(Radar, EmptyListIsAnEmptyValue)
 {
+    box.write(kRadarList, "rdrChans=52\n");
     EXPECT_EQ(oruSdkSetRdrPersistChan(""), 0u);
     EXPECT_EQ(box.read(kRadarList), "rdrChans=\n");
 }
