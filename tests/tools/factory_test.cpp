@@ -325,6 +325,7 @@ TEST(Initialise, SaysWhichFactoryFileIsMissing)
 {
     const Box box;
     EXPECT_THAT(initialise(box.root(), false, {}), HasSubstr("wsmDefaults.orig: No such file"));
+    EXPECT_TRUE(fs::is_empty(box.root())) << "nothing is made";
 }
 
 } // namespace

@@ -205,6 +205,22 @@ TEST_F(OrusimProgram, ReportsWhatTheLibraryCommits)
     EXPECT_TRUE(process.waitFor("AA: reloaded /var/1x.conf: 0 changes\n")) << process.output();
 }
 
+TEST_F(OrusimProgram, TakesTheAdministrativeStatusThatTheLibrarySets)
+{
+    init();
+    Process process({"--root", box.root()});
+    ASSERT_TRUE(process.waitFor("orusim: ready\n"));
+    OruSdkFeatureParam down{};
+    down.radioIndex = 1;
+    EXPECT_EQ(oruSdkSetAdminStatus(&down), 0u);
+    EXPECT_TRUE(process.waitFor("WSM: 264 set administrative status: reply size 20000, radio 1, "
+                                "status 0\n"));
+    ASSERT_EQ(control("fault wsm wrong").status, 0);
+    EXPECT_EQ(oruSdkSetAdminStatus(&down), 48u);
+    ASSERT_EQ(control("fault wsm close").status, 0);
+    EXPECT_EQ(oruSdkSetAdminStatus(&down), 48u);
+}
+
 TEST_F(OrusimProgram, ReloadsOnHangup)
 {
     init();
@@ -309,12 +325,14 @@ TEST_F(OrusimProgram, RefusesAFolderThatWasNeverMade)
 TEST_F(OrusimProgram, KeepsAwayFromTheMachinesOwnFolder)
 {
     ::unsetenv("ORU_ROOT");
+    // Without factory files nothing would be made even if it went on.
+    ::setenv("ORUSIM_FACTORY", box.at("/nowhere").c_str(), 1);
     for (const std::vector<std::string> &arguments :
          std::vector<std::vector<std::string>>{{},
                                                {"--init"},
                                                {"--root", "/"},
                                                {"--root", "/tmp/..", "--init"},
-                                               {"--control", "quit"}}) {
+                                               {"--control", "status"}}) {
         const Ended ended = runToEnd(arguments);
         EXPECT_EQ(ended.status, 2);
         EXPECT_THAT(ended.output, HasSubstr("no folder given"));

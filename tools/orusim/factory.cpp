@@ -16,10 +16,12 @@ namespace fs = std::filesystem;
 
 constexpr const char *kFolders[] = {"/var", "/config", "/run/oru"};
 
-constexpr struct {
+struct File {
     const char *source;
     const char *path;
-} kFiles[] = {
+};
+
+constexpr File kFiles[] = {
     {"wsmDefaults.orig", "/var/wsmDefaults.orig"},
     {"1x.conf.orig", "/var/1x.conf.orig"},
     {"wsmDefaults.orig", "/var/wsmDefaults"},
@@ -81,18 +83,24 @@ Placed place(const std::string &path, std::string_view text, bool force)
 
 std::string initialise(const std::string &factory, bool force, const Log &log)
 {
+    // All are read before anything is made.
+    std::vector<std::string> texts;
+    for (const File &file : kFiles) {
+        const std::string from = factory + "/" + file.source;
+        const auto text = readAll(from);
+        if (!text) return failure(from) + " (--factory names the folder of the factory files)";
+        texts.push_back(*text);
+    }
     for (const char *folder : kFolders) {
         std::error_code error;
         fs::create_directories(rooted(folder), error);
         if (error) return rooted(folder) + ": " + error.message();
     }
-    for (const auto &[source, path] : kFiles) {
-        const std::string from = factory + "/" + source;
-        const auto text = readAll(from);
-        if (!text) return failure(from) + " (--factory names the folder of the factory files)";
-        const Placed placed = place(rooted(path), *text, force);
-        if (placed == Placed::failed) return failure(rooted(path));
-        if (log) log((placed == Placed::written ? "wrote " : "kept ") + rooted(path));
+    for (size_t i = 0; i < texts.size(); ++i) {
+        const std::string to = rooted(kFiles[i].path);
+        const Placed placed = place(to, texts[i], force);
+        if (placed == Placed::failed) return failure(to);
+        if (log) log((placed == Placed::written ? "wrote " : "kept ") + to);
     }
     return {};
 }
