@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <optional>
 
 namespace oructl {
 
@@ -38,6 +39,29 @@ struct Adapt<OruSdkOptionParam> {
     static uint32_t number(const OruSdkOptionParam &record) { return record.featureOptions; }
 };
 
+template <>
+struct Adapt<OruSdkRadioSwitchParam> {
+    static constexpr Bounds kIndex = {0, UINT16_MAX};
+    static OruSdkRadioSwitchParam record(const Call &call)
+    {
+        return {.reserved = 0,
+                .radioIndex = static_cast<uint16_t>(call.index),
+                .enable = static_cast<uint32_t>(call.values[0].number)};
+    }
+    static uint32_t number(const OruSdkRadioSwitchParam &record) { return record.enable; }
+};
+
+template <>
+struct Adapt<OruSdkMaxRateParam> {
+    static constexpr Bounds kIndex = {INT32_MIN, INT32_MAX};
+    static OruSdkMaxRateParam record(const Call &call)
+    {
+        return {.radioIndex = static_cast<uint32_t>(call.index),
+                .maxRate = static_cast<uint32_t>(call.values[0].number)};
+    }
+    static uint32_t number(const OruSdkMaxRateParam &record) { return record.maxRate; }
+};
+
 template <class Record, uint32_t (*Operation)(Record *)>
 uint32_t getOne(Call &call)
 {
@@ -56,12 +80,30 @@ uint32_t setOne(const Call &call)
     return Operation(&record);
 }
 
+/// What a getter reads of a radio; nothing when it can't.
+template <class Record, uint32_t (*Get)(Record *)>
+std::optional<int64_t> stored(int64_t radio)
+{
+    Call call{.index = radio, .values = std::vector<Value>(1)};
+    if (getOne<Record, Get>(call) != ORUSDK_RC_OK) return std::nullopt;
+    return call.values[0].number;
+}
+
 /// A text that can be a template argument.
 template <size_t Size>
 struct Literal {
     char text[Size];
     consteval Literal(const char (&from)[Size]) { std::copy_n(from, Size, text); }
 };
+
+/// An item that says why it refuses a call, with the keys that its checks read.
+constexpr Item explained(Item item, std::string (*reason)(uint32_t, const Call &),
+                         std::string_view reads = {})
+{
+    item.reason = reason;
+    item.reads = reads;
+    return item;
+}
 
 inline constexpr Word kOnOffWords[] = {{"on", 1}, {"off", 0}};
 inline constexpr Field kOnOff[] = {

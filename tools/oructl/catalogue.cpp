@@ -6,7 +6,9 @@ namespace oructl {
 
 std::span<const std::span<const Item>> families()
 {
-    static const std::span<const Item> all[] = {radioSwitches(), radioOptions()};
+    static const std::span<const Item> all[] = {radioSwitches(), radioOptions(), channelItems(),
+                                                dfsItems(),      rateItems(),    macItems(),
+                                                qosItems()};
     return all;
 }
 

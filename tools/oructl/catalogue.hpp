@@ -33,6 +33,12 @@ struct Bounds {
     int64_t max;
 };
 
+/// Shows a number that a get gives in another form than a set takes.
+struct Coded {
+    std::string (*meaning)(int64_t code); ///< "54 Mbps"
+    std::string (*word)(int64_t code);    ///< what a set takes for it; empty when nothing
+};
+
 /// A named part of an item's value.
 struct Field {
     std::string_view name; ///< empty for the only field of a plain item
@@ -44,6 +50,8 @@ struct Field {
     std::span<const Field> entry = {}; ///< of a list: what each entry holds
     std::string_view option = {}; ///< set by "--option VALUE" behind the operands; may be absent
     std::string_view meaning = {};
+    bool flag = false;            ///< the option stands alone and means 1
+    const Coded *coded = nullptr; ///< NULL for a number that a set takes as a get gives it
 
     [[nodiscard]] bool belongsTo(Use verb) const { return use == Use::Both || use == verb; }
 };
@@ -78,6 +86,11 @@ struct Item {
 
     /// Says in a sentence why a call was refused; empty when it knows no more than the message.
     std::string (*reason)(uint32_t code, const Call &call) = nullptr;
+
+    /// Says which values of a set don't go together on a command line; empty when they do.
+    std::string (*conflict)(const Call &call) = nullptr;
+
+    std::string_view reads = {}; ///< keys that only the checks of a set read, between blanks
 };
 
 /// The families of items, in the order of help and list.

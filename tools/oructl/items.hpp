@@ -7,5 +7,10 @@ namespace oructl {
 
 std::span<const Item> radioSwitches();
 std::span<const Item> radioOptions();
+std::span<const Item> channelItems();
+std::span<const Item> dfsItems();
+std::span<const Item> rateItems();
+std::span<const Item> macItems();
+std::span<const Item> qosItems();
 
 } // namespace oructl

@@ -38,6 +38,10 @@ Json fieldsOf(std::span<const Field> fields, const std::vector<Value> &values);
 Json valueOf(const Field &field, const Value &value)
 {
     if (!value.given) return nullptr;
+    if (field.coded != nullptr)
+        return Json{{"word", wordOrNull(field.coded->word(value.number))},
+                    {"number", value.number},
+                    {"meaning", field.coded->meaning(value.number)}};
     switch (field.kind) {
     case Kind::Number: return value.number;
     case Kind::Switch:
@@ -123,6 +127,7 @@ Json describe(const Item &item)
                 {"fields", describe(item.fields)},
                 {"keys", wordsOf(item.keys)},
                 {"files", wordsOf(item.files)},
+                {"reads", wordsOf(item.reads)},
                 {"operations", wordsOf(item.operations)}};
 }
 

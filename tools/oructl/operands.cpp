@@ -36,7 +36,7 @@ std::string parsePositional(const Item &item, Words &words, Call &call)
     return "";
 }
 
-/// Reads "--option VALUE".
+/// Reads "--option VALUE", or an option that stands alone.
 std::string parseOption(const Item &item, Words &words, Call &call)
 {
     const std::string_view word = words.front();
@@ -44,6 +44,10 @@ std::string parseOption(const Item &item, Words &words, Call &call)
         const Field &field = item.fields[i];
         if (field.option.empty() || !word.starts_with("--") || word.substr(2) != field.option)
             continue;
+        if (field.flag) {
+            words = words.subspan(1);
+            return parseValue(field, "1", call.values[i]);
+        }
         if (words.size() < 2) return std::string{word} + " needs a value";
         const std::string problem = parseValue(field, words[1], call.values[i]);
         words = words.subspan(2);
@@ -68,6 +72,7 @@ std::string parseOperands(const Item &item, Use verb, Words words, Call &call)
             return problem;
     while (verb == Use::Set && !words.empty())
         if (std::string problem = parseOption(item, words, call); !problem.empty()) return problem;
+    if (verb == Use::Set && item.conflict != nullptr) return item.conflict(call);
     return words.empty() ? "" : quoted(words.front()) + " is one operand too many";
 }
 
@@ -82,6 +87,10 @@ std::string operandSynopsis(const Item &item, Use verb)
     if (verb != Use::Set) return out;
     for (const Field &field : item.fields) {
         if (!field.belongsTo(Use::Set)) continue;
+        if (field.flag) {
+            out.append(" [--").append(field.option).append("]");
+            continue;
+        }
         std::string name = field.kind == Kind::Number ? operandName(field) : "";
         for (const Word &word : field.words) name.append(name.empty() ? "" : "|").append(word.word);
         if (name.empty()) name = operandName(field);

@@ -119,6 +119,7 @@ std::string textHelp(const Item &item)
         keys += " (one for both radios)";
     addEntry(out, "key", keys);
     addEntry(out, "file", item.files);
+    addEntry(out, "checks read", item.reads);
     addEntry(out, "operations", item.operations);
     return out;
 }
@@ -135,16 +136,18 @@ std::string legalValuesOf(const Item &item)
     return out;
 }
 
-std::string whereStored(const Item &item, const Call &call)
+std::string whereStored(const Item &item, const Call &call, std::string_view more)
 {
     std::string keys;
-    forEachWord(item.keys, [&](std::string_view pattern) {
+    const auto add = [&](std::string_view pattern) {
         if (!keys.empty()) keys += ", ";
         const size_t at = pattern.find("%d");
         keys.append(pattern.substr(0, at));
         if (at != pattern.npos)
             keys.append(std::to_string(call.index)).append(pattern.substr(at + 2));
-    });
+    };
+    forEachWord(item.keys, add);
+    forEachWord(more, add);
     std::string files;
     forEachWord(item.files, [&](std::string_view file) {
         files.append(files.empty() ? "" : " and ").append(file);

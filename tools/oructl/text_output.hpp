@@ -23,7 +23,7 @@ std::string textHelp(const Item &item);
 /// The legal values of all fields that are set: "0 to 2", "fragment 256 to 2346, rts 1 to 2347".
 std::string legalValuesOf(const Item &item);
 
-/// "key radio0.txPower of /var/wsmDefaults".
-std::string whereStored(const Item &item, const Call &call);
+/// "key radio0.txPower of /var/wsmDefaults", and more keys, between blanks.
+std::string whereStored(const Item &item, const Call &call, std::string_view more = {});
 
 } // namespace oructl

@@ -156,6 +156,9 @@ std::string shownValue(const Field &field, const Value &value)
     case Kind::Number:
     case Kind::Switch:
     case Kind::Choice: {
+        if (field.coded != nullptr)
+            return field.coded->meaning(value.number) + " (code " + std::to_string(value.number) +
+                   ')';
         const std::string_view word = wordOf(field, value.number);
         return word.empty() ? std::to_string(value.number) : std::string{word};
     }

@@ -28,6 +28,12 @@ bool concernsStorage(uint32_t code)
            code == ORUSDK_RC_KEY_READ;
 }
 
+/// A failure of a file, of a key in it, or of a service: no fault of the call.
+bool concernsOthers(uint32_t code)
+{
+    return concernsStorage(code) || code == ORUSDK_RC_WSM_REQUEST || code == ORUSDK_RC_ERROR;
+}
+
 /// What is legal where the call isn't; an empty text for a call whose numbers are all legal.
 std::string illegalPart(const Item &item, Use verb, const Call &call)
 {
@@ -63,8 +69,10 @@ int reportCall(Request &request, const Item &item, Use verb, uint32_t code, cons
     const std::string illegal = illegalPart(item, verb, call);
     std::string detail = item.reason != nullptr ? item.reason(code, call) : "";
     if (detail.empty()) detail = illegal;
-    if (detail.empty() && concernsStorage(code)) detail = whereStored(item, call);
-    return report(request, {.kind = illegal.empty() ? "failed" : "refused",
+    const bool refused = !illegal.empty() || (!detail.empty() && !concernsOthers(code));
+    if (detail.empty() && concernsStorage(code))
+        detail = whereStored(item, call, verb == Use::Set ? item.reads : "");
+    return report(request, {.kind = refused ? "refused" : "failed",
                             .attempt = attempt(request, item, call),
                             .code = code,
                             .message = messageLine(code),
