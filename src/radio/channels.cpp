@@ -34,8 +34,8 @@ constexpr const char *kCountries[] = {
     "MX",
     "AR",
     "BR",
-    "AL AN BY BA BG HR CZ DK EE FI DE GI GR HU IS IE IT LV LI LT LU MK MT MD MC NL NO PL PT RO RU "
-    "SM SK SI SW UA GB VA YU",
+    ("AL AN BY BA BG HR CZ DK EE FI DE GI GR HU IS IE IT LV LI LT LU MK MT MD MC NL NO PL PT RO RU "
+     "SM SK SI SW UA GB VA YU"),
     "FR",
     "AT",
     "BE",
