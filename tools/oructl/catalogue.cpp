@@ -6,9 +6,9 @@ namespace oructl {
 
 std::span<const std::span<const Item>> families()
 {
-    static const std::span<const Item> all[] = {radioSwitches(), radioOptions(), channelItems(),
-                                                dfsItems(),      rateItems(),    macItems(),
-                                                qosItems()};
+    static const std::span<const Item> all[] = {
+        radioSwitches(), radioOptions(), channelItems(),  dfsItems(),    rateItems(), macItems(),
+        qosItems(),      bssItems(),     securityItems(), radiusItems(), wpsItems()};
     return all;
 }
 
@@ -37,7 +37,7 @@ Bounds legalIndex(Scope scope)
     case Scope::None: break;
     case Scope::Radio: return {0, 1};
     case Scope::Bss: return {0, 3};
-    case Scope::Port: return {0, 1};
+    case Scope::Port: return {0, INT32_MAX};
     }
     return {0, 0};
 }

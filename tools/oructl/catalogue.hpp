@@ -15,7 +15,8 @@ enum class Kind : uint8_t {
     Switch, ///< on or off
     Choice, ///< a word with a number
     Text,   ///< any bytes
-    Secret, ///< text that a get masks
+    Bytes,  ///< any bytes, that a set takes as "--hex HEX" too and JSON gives in both forms
+    Secret, ///< text that a get masks and a set reads apart from the command line
     Mac,    ///< six two-digit hexadecimal groups joined by colons
     List    ///< entries of one shape; on the command line it takes the remaining operands
 };
@@ -50,8 +51,11 @@ struct Field {
     std::span<const Field> entry = {}; ///< of a list: what each entry holds
     std::string_view option = {}; ///< set by "--option VALUE" behind the operands; may be absent
     std::string_view meaning = {};
-    bool flag = false;            ///< the option stands alone and means 1
-    const Coded *coded = nullptr; ///< NULL for a number that a set takes as a get gives it
+    bool flag = false;             ///< the option stands alone and means 1
+    const Coded *coded = nullptr;  ///< NULL for a number that a set takes as a get gives it
+    std::string_view operand = {}; ///< how a synopsis calls its value; else as its words or name
+    bool optional = false;         ///< of a positional one: may be absent
+    char separator = ',';          ///< before it within an entry; of colons, the last one counts
 
     [[nodiscard]] bool belongsTo(Use verb) const { return use == Use::Both || use == verb; }
 };
@@ -68,6 +72,7 @@ struct Value {
 struct Call {
     int64_t index = 0;              ///< within the item's index bounds; 0 without a scope
     std::vector<Value> values = {}; ///< one for each of the item's fields
+    mutable std::vector<std::string> steps = {}; ///< what a set of several steps has done so far
 };
 
 enum class Scope : uint8_t { None, Radio, Bss, Port };

@@ -53,6 +53,7 @@ std::string_view tableMessage(int64_t code)
 
 std::string messageLine(int64_t code)
 {
+    if (code == kLibraryFailed) return "the key is missing or no number";
     const std::string_view message = tableMessage(code);
     return message.empty() ? codeMeaning(code) : oneLine(message);
 }

@@ -9,6 +9,9 @@ namespace oructl {
 
 constexpr int64_t kLastCode = 122;
 
+/// The status -1 of the support library, which two getters give instead of a return code.
+constexpr int64_t kLibraryFailed = 0xffffffff;
+
 /// Whether an operation can return this code, as far as the interface names codes.
 bool isCode(int64_t code);
 

@@ -5,7 +5,8 @@
 namespace oructl {
 namespace {
 
-constexpr std::string_view kOptions = "--json --help --version";
+constexpr std::string_view kOptions =
+    "--json --help --version --show-secrets --secret-file --insecure-argv";
 
 class Candidates {
 public:
@@ -36,7 +37,8 @@ void addItems(Candidates &out, Use verb)
 void addOperand(Candidates &out, const Item &item, Use verb, size_t count)
 {
     if (item.scope != Scope::None) {
-        if (count == 0) return out.add(legalIndex(item.scope));
+        if (count == 0)
+            return out.add(item.scope == Scope::Port ? Bounds{0, 1} : legalIndex(item.scope));
         --count;
     }
     if (verb != Use::Set) return;
@@ -72,8 +74,10 @@ void addVerbOperand(Candidates &out, std::string_view verb, Words words)
 /// Drops the options that words begin with.
 Words withoutOptions(Words words)
 {
-    while (!words.empty() && std::string_view{words.front()}.starts_with("--"))
-        words = words.subspan(1);
+    while (!words.empty() && std::string_view{words.front()}.starts_with("--")) {
+        const bool takesValue = std::string_view{words.front()} == "--secret-file";
+        words = words.subspan(takesValue && words.size() > 1 ? 2 : 1);
+    }
     return words;
 }
 

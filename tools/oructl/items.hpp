@@ -12,5 +12,9 @@ std::span<const Item> dfsItems();
 std::span<const Item> rateItems();
 std::span<const Item> macItems();
 std::span<const Item> qosItems();
+std::span<const Item> bssItems();
+std::span<const Item> securityItems();
+std::span<const Item> radiusItems();
+std::span<const Item> wpsItems();
 
 } // namespace oructl

@@ -33,9 +33,15 @@ Json wordsOf(std::string_view words)
     return list;
 }
 
-Json fieldsOf(std::span<const Field> fields, const std::vector<Value> &values);
+/// The bytes in hexadecimal digits, and as text where they are one.
+Json bytesOf(std::string_view bytes)
+{
+    return Json{{"text", isUtf8(bytes) ? Json(bytes) : Json(nullptr)}, {"hex", hexOf(bytes)}};
+}
 
-Json valueOf(const Field &field, const Value &value)
+Json fieldsOf(std::span<const Field> fields, const std::vector<Value> &values, Secrets secrets);
+
+Json valueOf(const Field &field, const Value &value, Secrets secrets)
 {
     if (!value.given) return nullptr;
     if (field.coded != nullptr)
@@ -49,22 +55,24 @@ Json valueOf(const Field &field, const Value &value)
         return Json{{"word", wordOrNull(wordOf(field, value.number))}, {"number", value.number}};
     case Kind::Text:
     case Kind::Mac: return value.text;
-    case Kind::Secret: return value.text.empty() ? "" : "********";
+    case Kind::Bytes: return bytesOf(value.text);
+    case Kind::Secret:
+        return secrets == Secrets::Shown || value.text.empty() ? Json(value.text) : Json(kMask);
     case Kind::List: break;
     }
     Json list = Json::array();
-    for (const auto &entry : value.entries) list.push_back(fieldsOf(field.entry, entry));
+    for (const auto &entry : value.entries) list.push_back(fieldsOf(field.entry, entry, secrets));
     return list;
 }
 
 /// The value itself of a single field without a name, an object of several.
-Json fieldsOf(std::span<const Field> fields, const std::vector<Value> &values)
+Json fieldsOf(std::span<const Field> fields, const std::vector<Value> &values, Secrets secrets)
 {
-    if (fields.size() == 1 && fields[0].name.empty()) return valueOf(fields[0], values[0]);
+    if (fields.size() == 1 && fields[0].name.empty()) return valueOf(fields[0], values[0], secrets);
     Json object = Json::object();
     for (size_t i = 0; i < fields.size(); ++i)
         if (fields[i].belongsTo(Use::Get))
-            object[std::string{fields[i].name}] = valueOf(fields[i], values[i]);
+            object[std::string{fields[i].name}] = valueOf(fields[i], values[i], secrets);
     return object;
 }
 
@@ -83,6 +91,7 @@ std::string_view kindName(Kind kind)
     case Kind::Switch: return "switch";
     case Kind::Choice: return "choice";
     case Kind::Text: return "text";
+    case Kind::Bytes: return "bytes";
     case Kind::Secret: return "secret";
     case Kind::Mac: return "mac";
     case Kind::List: break;
@@ -133,10 +142,10 @@ Json describe(const Item &item)
 
 } // namespace
 
-std::string jsonValue(const Item &item, const Call &call)
+std::string jsonValue(const Item &item, const Call &call, Secrets secrets)
 {
     Json object = itemDocument(item, call);
-    object["value"] = fieldsOf(item.fields, call.values);
+    object["value"] = fieldsOf(item.fields, call.values, secrets);
     return line(object);
 }
 
@@ -144,6 +153,7 @@ std::string jsonSet(const Item &item, const Call &call)
 {
     Json object = itemDocument(item, call);
     object["set"] = true;
+    if (!call.steps.empty()) object["steps"] = call.steps;
     return line(object);
 }
 

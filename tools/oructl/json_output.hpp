@@ -3,6 +3,7 @@
 
 #include "catalogue.hpp"
 #include "request.hpp"
+#include "values.hpp"
 
 #include <optional>
 #include <string>
@@ -11,7 +12,7 @@
 
 namespace oructl {
 
-std::string jsonValue(const Item &item, const Call &call);
+std::string jsonValue(const Item &item, const Call &call, Secrets secrets = Secrets::Masked);
 std::string jsonSet(const Item &item, const Call &call);
 
 /// What commit and reset have done: {"reset":"bss","index":1}.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "catalogue.hpp"
+#include "secrets.hpp"
 
 #include <span>
 #include <string>
@@ -11,9 +12,14 @@ namespace oructl {
 
 using Words = std::span<const char *const>;
 
-/// Reads INDEX and, for a set, the values and options behind it. Returns what is wrong, or an empty
-/// text.
-std::string parseOperands(const Item &item, Use verb, Words words, Call &call);
+/// Reads INDEX and, for a set, the values and options behind it. Secrets are read from their
+/// source; without one they stand in the words themselves. Returns what is wrong, or an empty text;
+/// of an item with a secret without any of the words, since one may be a misplaced secret.
+std::string parseOperands(const Item &item, Use verb, Words words, Call &call,
+                          SecretSource *secrets = nullptr);
+
+/// Whether an item, or an entry of its lists, has a secret.
+bool hasSecret(std::span<const Field> fields);
 
 /// What stands behind the item's name on a command line: "RADIO on|off".
 std::string operandSynopsis(const Item &item, Use verb);

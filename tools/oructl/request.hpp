@@ -19,7 +19,10 @@ struct Request {
     const Verb *verb = nullptr;
     Words operands = {};
     bool json = false;
-    std::string output = {}; ///< for standard output, written at the end
+    bool showSecrets = false;
+    bool insecureArgv = false;        ///< secrets stand on the command line
+    const char *secretFile = nullptr; ///< where secrets are read from; NULL: standard input
+    std::string output = {};          ///< for standard output, written at the end
 };
 
 struct Verb {

@@ -9,24 +9,33 @@ namespace oructl {
 namespace {
 
 void addFields(std::string &out, const std::string &prefix, std::span<const Field> fields,
-               const std::vector<Value> &values);
+               const std::vector<Value> &values, Secrets secrets);
 
-void addField(std::string &out, const std::string &name, const Field &field, const Value &value)
+void addField(std::string &out, const std::string &name, const Field &field, const Value &value,
+              Secrets secrets)
 {
-    out.append(name).append(" = ").append(shownValue(field, value)).append("\n");
+    out.append(name).append(" = ").append(shownValue(field, value, secrets)).append("\n");
     for (size_t i = 0; i < value.entries.size(); ++i)
-        addFields(out, name + '.' + std::to_string(i + 1), field.entry, value.entries[i]);
+        addFields(out, name + '.' + std::to_string(i + 1), field.entry, value.entries[i], secrets);
 }
 
 void addFields(std::string &out, const std::string &prefix, std::span<const Field> fields,
-               const std::vector<Value> &values)
+               const std::vector<Value> &values, Secrets secrets)
 {
     for (size_t i = 0; i < fields.size(); ++i) {
         const Field &field = fields[i];
         if (!field.belongsTo(Use::Get) || !values[i].given) continue;
         addField(out, field.name.empty() ? prefix : prefix + '.' + std::string{field.name}, field,
-                 values[i]);
+                 values[i], secrets);
     }
+}
+
+/// "mimo[0]".
+std::string prefixOf(const Item &item, const Call &call)
+{
+    std::string prefix{item.name};
+    if (item.scope != Scope::None) prefix += '[' + std::to_string(call.index) + ']';
+    return prefix;
 }
 
 using Row = std::array<std::string, 5>;
@@ -50,12 +59,18 @@ void addEntry(std::string &out, std::string_view label, std::string_view text)
 
 } // namespace
 
-std::string textValue(const Item &item, const Call &call)
+std::string textValue(const Item &item, const Call &call, Secrets secrets)
 {
-    std::string prefix{item.name};
-    if (item.scope != Scope::None) prefix += '[' + std::to_string(call.index) + ']';
     std::string out;
-    addFields(out, prefix, item.fields, call.values);
+    addFields(out, prefixOf(item, call), item.fields, call.values, secrets);
+    return out;
+}
+
+std::string textSteps(const Item &item, const Call &call)
+{
+    std::string out;
+    for (const std::string &step : call.steps)
+        out.append(prefixOf(item, call)).append(": ").append(step).append("\n");
     return out;
 }
 
@@ -92,6 +107,9 @@ std::string textOverview()
                   "  --json     output as one line of JSON, failures too\n"
                   "  --help     this text, or the help of the verb\n"
                   "  --version  the versions of oructl and of the library\n"
+                  "  --show-secrets    get shows keys and passwords\n"
+                  "  --secret-file F   set reads them from F, one a line, not from standard input\n"
+                  "  --insecure-argv   set takes them from the command line, which others can see\n"
                   "\nA change waits in the files until 'oructl commit'.\n"
                   "'oructl list' shows the items, 'oructl help ITEM' one of them.\n"
                   "Exit status: 0 done, 1 refused or failed, 2 wrong command line.\n";

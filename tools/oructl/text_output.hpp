@@ -3,6 +3,7 @@
 
 #include "catalogue.hpp"
 #include "request.hpp"
+#include "values.hpp"
 
 #include <string>
 #include <vector>
@@ -11,7 +12,10 @@ namespace oructl {
 
 /// One line a field: "mimo[0] = on", "thresholds[0].fragment = 2346"; entries of a list with their
 /// number from 1: "stations[0].1.mac = 00:11:22:33:44:55".
-std::string textValue(const Item &item, const Call &call);
+std::string textValue(const Item &item, const Call &call, Secrets secrets = Secrets::Masked);
+
+/// One line a step of a set that has taken several: "security[1]: WEP switched off".
+std::string textSteps(const Item &item, const Call &call);
 
 /// One line an item: name, operands, legal values, keys and files.
 std::string textList(const std::vector<const Item *> &items);

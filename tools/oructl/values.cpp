@@ -6,7 +6,7 @@
 namespace oructl {
 namespace {
 
-constexpr std::string_view kMask = "********";
+constexpr char kDigits[] = "0123456789abcdef";
 
 std::string parseNumber(const Field &field, std::string_view text, Value &value)
 {
@@ -39,6 +39,11 @@ bool isHexDigit(char digit)
            (digit >= 'A' && digit <= 'F');
 }
 
+int hexValue(char digit)
+{
+    return digit <= '9' ? digit - '0' : (digit | 0x20) - 'a' + 10;
+}
+
 std::string parseMac(std::string_view text, Value &value)
 {
     constexpr size_t kLength = 17;
@@ -50,20 +55,29 @@ std::string parseMac(std::string_view text, Value &value)
     return "";
 }
 
-/// An entry of a list with one field is an operand; fields of an entry with several are separated
-/// by commas.
-std::string parseEntry(const Field &list, std::string_view text, std::vector<Value> &entry)
+/// Where the field before this one ends.
+size_t endBefore(const Field &field, std::string_view text)
 {
-    for (size_t i = 0; i < list.entry.size(); ++i) {
-        const bool last = i + 1 == list.entry.size();
-        const size_t comma = last ? text.npos : text.find(',');
-        if (!last && comma == text.npos) return quoted(text) + " is no whole entry";
-        std::string problem =
-            parseValue(list.entry[i], text.substr(0, comma), entry.emplace_back());
+    const size_t comma = text.find(',');
+    return field.separator == ',' ? comma : text.substr(0, comma).rfind(field.separator);
+}
+
+/// An entry of a list with one field is an operand; fields of an entry with several are separated.
+std::string parseEntry(const Field &list, std::string_view text, EntrySecrets secrets,
+                       std::vector<Value> &entry)
+{
+    entry.resize(list.entry.size());
+    size_t last = list.entry.size() - 1;
+    while (secrets == EntrySecrets::Apart && last > 0 && list.entry[last].kind == Kind::Secret)
+        --last;
+    for (size_t i = 0; i < last; ++i) {
+        const size_t end = endBefore(list.entry[i + 1], text);
+        if (end == text.npos) return quoted(text) + " is no whole entry";
+        std::string problem = parseValue(list.entry[i], text.substr(0, end), entry[i]);
         if (!problem.empty()) return problem;
-        if (!last) text.remove_prefix(comma + 1);
+        text.remove_prefix(end + 1);
     }
-    return "";
+    return parseValue(list.entry[last], text, entry[last]);
 }
 
 bool isBetween(Bounds bounds, int64_t number)
@@ -94,7 +108,8 @@ Decimal parseDecimal(std::string_view text, int64_t &number)
     return Decimal::Good;
 }
 
-std::string parseValue(const Field &field, std::string_view text, Value &value)
+std::string parseValue(const Field &field, std::string_view text, Value &value,
+                       EntrySecrets secrets)
 {
     value.given = true;
     switch (field.kind) {
@@ -102,11 +117,27 @@ std::string parseValue(const Field &field, std::string_view text, Value &value)
     case Kind::Choice: return parseNumber(field, text, value);
     case Kind::Switch: return parseSwitch(field, text, value);
     case Kind::Mac: return parseMac(text, value);
-    case Kind::List: return parseEntry(field, text, value.entries.emplace_back());
+    case Kind::List: return parseEntry(field, text, secrets, value.entries.emplace_back());
     case Kind::Text:
+    case Kind::Bytes:
     case Kind::Secret: break;
     }
     value.text = text;
+    return "";
+}
+
+std::string parseHex(std::string_view digits, Value &value)
+{
+    if (digits.size() % 2 != 0) return quoted(digits) + " has an odd number of digits";
+    value.given = true;
+    value.text.clear();
+    for (; !digits.empty(); digits.remove_prefix(2)) {
+        if (!isHexDigit(digits[0]) || !isHexDigit(digits[1]))
+            return quoted(digits.substr(0, 2)) + " is no pair of hexadecimal digits";
+        const int byte = hexValue(digits[0]) * 16 + hexValue(digits[1]);
+        if (byte == 0) return "the byte 00 ends a text, and can be no part of one";
+        value.text += static_cast<char>(byte);
+    }
     return "";
 }
 
@@ -118,6 +149,7 @@ bool isLegal(const Field &field, const Value &value)
         return isBetween(field.bounds, value.number) || !wordOf(field, value.number).empty();
     case Kind::Choice: return !wordOf(field, value.number).empty();
     case Kind::Text:
+    case Kind::Bytes:
     case Kind::Secret: return isBetween(field.bounds, static_cast<int64_t>(value.text.size()));
     case Kind::Mac: return true;
     case Kind::List: break;
@@ -143,6 +175,7 @@ std::string legalValues(const Field &field)
         return range(field.bounds).append(separator).append(field.unit) +
                (words.empty() ? "" : " or " + words);
     case Kind::Text:
+    case Kind::Bytes:
     case Kind::Secret: return range(field.bounds) + " bytes";
     case Kind::Mac: return "a MAC address";
     case Kind::List: break;
@@ -150,7 +183,7 @@ std::string legalValues(const Field &field)
     return range(field.bounds) + " entries";
 }
 
-std::string shownValue(const Field &field, const Value &value)
+std::string shownValue(const Field &field, const Value &value, Secrets secrets)
 {
     switch (field.kind) {
     case Kind::Number:
@@ -162,9 +195,12 @@ std::string shownValue(const Field &field, const Value &value)
         const std::string_view word = wordOf(field, value.number);
         return word.empty() ? std::to_string(value.number) : std::string{word};
     }
-    case Kind::Secret: return value.text.empty() ? "\"\"" : std::string{kMask};
     case Kind::Mac: return printable(value.text);
-    case Kind::Text: return '"' + printable(value.text) + '"';
+    case Kind::Secret:
+        if (secrets == Secrets::Masked && !value.text.empty()) return std::string{kMask};
+        [[fallthrough]];
+    case Kind::Text:
+    case Kind::Bytes: return '"' + printable(value.text) + '"';
     case Kind::List: break;
     }
     return std::to_string(value.entries.size());
@@ -177,9 +213,38 @@ std::string_view wordOf(const Field &field, int64_t number)
     return "";
 }
 
+std::string hexOf(std::string_view bytes)
+{
+    std::string out;
+    for (const char letter : bytes) {
+        const auto byte = static_cast<unsigned char>(letter);
+        out.append(1, kDigits[byte >> 4]).append(1, kDigits[byte & 15]);
+    }
+    return out;
+}
+
+bool isUtf8(std::string_view bytes)
+{
+    const auto at = [&](size_t i) {
+        return i < bytes.size() ? static_cast<unsigned char>(bytes[i]) : 0u;
+    };
+    for (size_t i = 0; i < bytes.size();) {
+        const unsigned lead = at(i++);
+        if (lead < 0x80) continue;
+        const int more = lead >= 0xf0 ? 3 : lead >= 0xe0 ? 2 : 1;
+        if (lead < 0xc2 || lead > 0xf4) return false;
+        const unsigned low = lead == 0xe0 ? 0xa0 : lead == 0xf0 ? 0x90 : 0x80;
+        const unsigned high = lead == 0xed ? 0x9f : lead == 0xf4 ? 0x8f : 0xbf;
+        if (at(i) < low || at(i) > high) return false;
+        ++i;
+        for (int left = more; left > 1; --left)
+            if ((at(i++) & 0xc0) != 0x80) return false;
+    }
+    return true;
+}
+
 std::string printable(std::string_view text)
 {
-    constexpr char kDigits[] = "0123456789abcdef";
     std::string out;
     for (const char letter : text) {
         const auto byte = static_cast<unsigned char>(letter);

@@ -2,6 +2,7 @@
 #include "codes.hpp"
 #include "json_output.hpp"
 #include "oruSdk.h"
+#include "reasons.hpp"
 #include "request.hpp"
 #include "text_output.hpp"
 #include "values.hpp"
@@ -25,7 +26,16 @@ bool concernsStorage(uint32_t code)
 {
     return code == ORUSDK_RC_FILE_READ || code == ORUSDK_RC_FILE_WRITE ||
            code == ORUSDK_RC_DICT_WRITE || code == ORUSDK_RC_DICT_READ ||
-           code == ORUSDK_RC_KEY_READ;
+           code == ORUSDK_RC_KEY_READ || code == kLibraryFailed;
+}
+
+/// "done before: WEP switched off".
+std::string stepsDone(const Call &call)
+{
+    std::string out;
+    for (const std::string &step : call.steps)
+        out.append(out.empty() ? "done before: " : ", ").append(step);
+    return out;
 }
 
 /// A failure of a file, of a key in it, or of a service: no fault of the call.
@@ -54,14 +64,11 @@ std::string illegalPart(const Item &item, Use verb, const Call &call)
 /// The command as it was typed; without its values when one of them is a secret.
 std::string attempt(const Request &request, const Item &item, const Call &call)
 {
-    for (const Field &field : item.fields) {
-        if (field.kind != Kind::Secret) continue;
-        std::string text{request.verb->name};
-        text.append(" ").append(item.name);
-        if (item.scope != Scope::None) text.append(" ").append(std::to_string(call.index));
-        return text;
-    }
-    return typed(request);
+    if (!hasSecret(item.fields)) return typed(request);
+    std::string text{request.verb->name};
+    text.append(" ").append(item.name);
+    if (item.scope != Scope::None) text.append(" ").append(std::to_string(call.index));
+    return text;
 }
 
 int reportCall(Request &request, const Item &item, Use verb, uint32_t code, const Call &call)
@@ -72,6 +79,7 @@ int reportCall(Request &request, const Item &item, Use verb, uint32_t code, cons
     const bool refused = !illegal.empty() || (!detail.empty() && !concernsOthers(code));
     if (detail.empty() && concernsStorage(code))
         detail = whereStored(item, call, verb == Use::Set ? item.reads : "");
+    if (!call.steps.empty()) detail.insert(0, stepsDone(call) + (detail.empty() ? "" : "; "));
     return report(request, {.kind = refused ? "refused" : "failed",
                             .attempt = attempt(request, item, call),
                             .code = code,
@@ -109,7 +117,9 @@ const Item *parseCall(Request &request, Use verb, Call &call, int &status)
                                           (verb == Use::Get ? " can't be read" : " can't be set"));
         return nullptr;
     }
-    const std::string problem = parseOperands(*item, verb, request.operands.subspan(1), call);
+    SecretSource secrets{request.secretFile};
+    const std::string problem = parseOperands(*item, verb, request.operands.subspan(1), call,
+                                              request.insecureArgv ? nullptr : &secrets);
     if (problem.empty()) return item;
     status = reportUsage(request, problem, item);
     return nullptr;
@@ -123,7 +133,9 @@ int runGet(Request &request)
     if (item == nullptr) return status;
     if (const uint32_t code = item->get(call); code != ORUSDK_RC_OK)
         return reportCall(request, *item, Use::Get, code, call);
-    request.output = request.json ? jsonValue(*item, call) : textValue(*item, call);
+    const Secrets secrets = request.showSecrets ? Secrets::Shown : Secrets::Masked;
+    request.output =
+        request.json ? jsonValue(*item, call, secrets) : textValue(*item, call, secrets);
     return kDone;
 }
 
@@ -135,7 +147,7 @@ int runSet(Request &request)
     if (item == nullptr) return status;
     if (const uint32_t code = item->set(call); code != ORUSDK_RC_OK)
         return reportCall(request, *item, Use::Set, code, call);
-    if (request.json) request.output = jsonSet(*item, call);
+    request.output = request.json ? jsonSet(*item, call) : textSteps(*item, call);
     return kDone;
 }
 
@@ -147,7 +159,7 @@ int runCommit(Request &request)
         return reportUsage(request, quoted(what) + " is neither radio nor all");
     if (const uint32_t code = what == "all" ? oruSdkCommitAll() : oruSdkCommitRadio();
         code != ORUSDK_RC_OK)
-        return reportCode(request, code);
+        return reportCode(request, code, commitReason(code));
     if (request.json) request.output = jsonAction("commit", what);
     return kDone;
 }
@@ -257,8 +269,14 @@ constexpr Verb kVerbs[] = {
      "A number that has no word is shown as it is stored.",
      runGet},
     {"set", "ITEM [INDEX] VALUE...", "stores a new value of an item",
-     "Stores a new value of an item; silent when it is done. The access point takes it with the\n"
-     "next commit. Switches take on, off, true, false, 1 and 0; numbers are whole and decimal.",
+     "Stores a new value of an item; silent when it is done, but for items that say what they "
+     "did.\n"
+     "The access point takes it with the next commit. Switches take on, off, true, false, 1 and "
+     "0;\n"
+     "numbers are whole and decimal. A value of bytes may be given as --hex HEX, a list's entries "
+     "as\n"
+     "the lines of --file FILE. Secrets are read from standard input (-) or the first line of a\n"
+     "file (@FILE), and at a terminal without echo; several of them one a line.",
      runSet},
     {"commit", "[radio|all]", "makes the access point take what is stored",
      "Makes the access point take what is stored: 'radio' the settings of the radios and BSSes,\n"
