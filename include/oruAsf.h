@@ -112,8 +112,10 @@ ORUASF_API int32_t oruAsfDictSetDelimitedString(OruAsfDict *dict, const char *ke
  * or a power cut, readers see the old file or the new one, whole. Owner, mode and a symbolic
  * link's target are kept; a new file has mode 0600. A text that the file already holds, byte for
  * byte, writes nothing.
+ * A killed save may leave one temporary file beside it; the next save that writes takes it away.
  * @retval 0  saved, and on the disk
- * @retval -1 not saved; the old file stands and nothing is left beside it
+ * @retval -1 not saved; the old file stands and nothing is left beside it. In one case the new file
+ *            stands already: when its folder can't be synced, and it may not survive a power cut
  */
 ORUASF_API int32_t oruAsfDictSave(OruAsfDict *dict, const char *path);
 

@@ -230,7 +230,8 @@ ORUSDK_API uint32_t oruSdkCommitRadio(void);
  * "bss%d.wpaPsk", "radiusServer.1".
  * @retval 0  checked; a notice that can't be sent is only logged, on purpose
  * @retval 7  the file can't be loaded
- * @retval 26 a security flag is missing or neither "true" nor "false"
+ * @retval 26 a security flag is missing or neither "true" nor "false" ("bss%d.dynWepEnabled" counts
+ * as "false" then)
  * @retval 80 a BSS has no security mode
  * @retval 73 a BSS with WPA has no authentication type
  * @retval 74 a BSS with WPA has no encryption type
@@ -248,15 +249,16 @@ ORUSDK_API uint32_t oruSdkCommitAll(void);
 ORUSDK_API uint32_t oruSdkResetToDefaults(void);
 
 /**
- * Restores the factory values of one BSS in both files. Takes effect with the next commit. A
- * failure before the saves leaves both files unchanged; "/var/wsmDefaults" is saved first.
+ * Restores the factory values of one BSS in both files, key by key. Takes effect with the next
+ * commit. A failure before the saves leaves both files unchanged; "/var/wsmDefaults" is saved
+ * first.
  * @param bssIndex 0 to 3; a negative number is not refused and forms its keys with the sign
  * @retval 0   done
  * @retval 115 bssIndex is above 3
  * @retval 7   one of the four files can't be loaded
+ * @retval 42  a factory value can't be read (SSID, WPA types, visibility, MAC authentication, VLAN)
  * @retval 23  the factory SSID has more than 32 characters
  * @retval 26  a factory value can't be read (flags, WEP and WPS values)
- * @retval 42  a factory value can't be read (the others)
  * @retval 25  a value can't be written
  * @retval 8   a file can't be saved
  */
@@ -1042,12 +1044,12 @@ typedef struct OruSdkWorldModeParam {
  * dropped.
  * Keys "worldModeSupport", "countryCodeFlag" and "countryCode" of "/var/wsmDefaults", device-wide.
  * @param param worldModeSupport and countryCode receive what is read, in this order
- * @retval 0     read
- * @retval 2     param is NULL
- * @retval 7     the file can't be loaded
- * @retval 42    a key is missing or damaged
- * @retval 48, 1 the country is the radio's, and this first question to WSM failed, as in
- *               oruSdkGetRadioInfo()
+ * @retval 0  read
+ * @retval 2  param is NULL
+ * @retval 7  the file can't be loaded
+ * @retval 42 a key is missing or damaged
+ * @retval 48 the country is the radio's, and this first question to WSM failed
+ * @retval 1  the country is the radio's, and this first answer of WSM can't be read
  * @see oruSdkSetWorldMode
  */
 ORUSDK_API uint32_t oruSdkGetWorldMode(OruSdkWorldModeParam *param);
@@ -1101,7 +1103,9 @@ ORUSDK_API uint32_t oruSdkGetChannelParam(OruSdkChannelParam *param);
  * rate; an automatic one only radar detection and the mode. Takes effect with the next commit.
  * Keys as in oruSdkGetChannelParam(), and "periodicMeasFlag" and "measurementDisabled",
  * device-wide; a fixed channel switches periodic measurement off, and one of 5 GHz sets
- * "radio%d.broadcastRate5GHz" to 69.
+ * "radio%d.broadcastRate5GHz" to 69. Reads "radio%d.radarDetectFlag", "radio%d.channelBondingMode"
+ * and "radio%d.dot11Mode", and for a fixed channel "radio%d.bandType" and "radio%d.fixedRate". When
+ * WSM could not be asked, no channel counts as allowed.
  * @param param radioIndex 0 or 1; channel 0 with autoSelMode 0 to 2 (and any periodicDfsTimer when
  *              that is 1), or a channel that exists with secondaryChannel 0 or four channels apart
  * @retval 0   written
@@ -1173,6 +1177,8 @@ typedef struct OruSdkDfsParam {
  * @retval 3  radioIndex is 2 or more
  * @retval 7  the file can't be loaded
  * @retval 42 a key is missing or no number
+ * @see oruSdkSetDfsUniiBands, oruSdkSetDfsParamEnable, oruSdkSetDfsParamValue,
+ * oruSdkSetDfsPrefChans
  */
 ORUSDK_API uint32_t oruSdkGetDfsParam(OruSdkDfsParam *param);
 
@@ -1233,7 +1239,9 @@ ORUSDK_API uint32_t oruSdkSetDfsParamValue(OruSdkDfsParam *param);
  * commit.
  * Keys "dfsPreferred24GPrimChan" and "dfsPreferred24GSecdChan", or "dfsPreferred5GPrimChan" and
  * "dfsPreferred5GSecdChan", and "dfsPreferredBand" of "/var/wsmDefaults", device-wide. Reads
- * "radio%d.channelBondingMode", where a missing one counts as 0.
+ * "radio%d.channelBondingMode", where a missing one counts as 0; at 5 GHz also "radio%d.dot11Mode"
+ * and what WSM told when the process first needed it: where either is missing, no channel counts as
+ * allowed.
  * @param param radioIndex 0 or 1, not checked; preferredBand, not checked; the two channels of the
  *              band: at 2.4 GHz a primary channel of 1 to 14 (13 with channel bonding) and a
  *              secondary one of 1 to 13, four apart, whatever the bonding; at 5 GHz channels that

@@ -99,9 +99,9 @@ uint32_t copyWep(const Files &aa, int32_t bss)
     if (oruAsfDictGetInt(aa.factory, macAuth, &value, 0) != 0)
         return fail(ORUSDK_RC_KEY_READ, "Unable to read macAuthType from config file %s",
                     kSecurityFile);
-    if (!writeInt(aa, macAuth, value)) // the text keeps its placeholder: intended
+    if (!writeInt(aa, macAuth, value))
         return fail(ORUSDK_RC_DICT_WRITE,
-                    "Unable to write radio%%d MAC static WEP auth type to dictionary");
+                    "Unable to write radio%d MAC static WEP auth type to dictionary", bss);
 
     const Key wep{"bss%d.wepEnabled", bss};
     if (oruAsfDictGetBool(aa.factory, wep, &value, 0) != 0)
@@ -156,7 +156,8 @@ uint32_t copyWepKeys(const Files &aa, int32_t bss)
         const Key key{"bss%d.wepKey.%d", bss, number};
         const char *value = nullptr;
         oruAsfDictGetString(aa.factory, key, &value, 0);
-        if (oruAsfDictSetString(aa.current, key, value) != 0)
+        if (oruAsfDictSetString(aa.current, key, value) !=
+            0) // which one, the text doesn't say: intended
             return fail(ORUSDK_RC_DICT_WRITE, "Unable to write wepkeyArr[cnt] to dictionary");
     }
     return ORUSDK_RC_OK;

@@ -226,7 +226,7 @@ std::vector<SweepRow> rows()
             "Unable to read bss1.suppressSSIDFlag from config file /var/wsmDefaults",
             "bss1.suppressSSIDFlag", "Unable to write suppressSSIDFlag to dictionary");
     addCopy(steps, kInt, 42, "Unable to read macAuthType from config file /var/1x.conf",
-            "bss1.macAuthType", "Unable to write radio%d MAC static WEP auth type to dictionary");
+            "bss1.macAuthType", "Unable to write radio1 MAC static WEP auth type to dictionary");
     addCopy(steps, kBool, 26, "Unable to read wepEnabled dictionary", "bss1.wepEnabled",
             "Unable to write wepEnabled to dictionary");
     addCopy(steps, kInt, 26, "Unable to read wepKeyLen dictionary", "bss1.wepKeyLen",
