@@ -39,6 +39,8 @@ protected:
                                                    const std::string &key) const;
     void set(const std::string &path, const std::string &key, const std::string &value) const;
 
+    [[nodiscard]] const std::string &root() const { return root_; }
+
     static constexpr const char *kWsm = "/var/wsmDefaults";
     static constexpr const char *kAa = "/var/1x.conf";
     static constexpr const char *kWsmFactory = "/var/wsmDefaults.orig";
