@@ -20,9 +20,12 @@ namespace {
 
 /// Exported operations that no item covers, and what does.
 const std::map<std::string, std::string> kWithoutItem = {
-    {"oruSdkGetVersion", "version"},       {"oruSdkCommitAll", "commit all"},
-    {"oruSdkCommitRadio", "commit radio"}, {"oruSdkResetToDefaults", "reset all"},
-    {"oruSdkResetToBss", "reset bss"},     {"convertExtToIntRateCode", "get rate"},
+    {"oruSdkGetVersion", "version"},
+    {"oruSdkCommitAll", "commit all"},
+    {"oruSdkCommitRadio", "commit radio"},
+    {"oruSdkResetToDefaults", "reset all"},
+    {"oruSdkResetToBss", "reset bss"},
+    {"convertExtToIntRateCode", "get rate"},
     {"oruSdkGetRadioInfo", "why set channel refuses"},
     {"oruSdkSetDevicePin", "still without an item"},
     {"oruSdkGetDevicePin", "still without an item"},
@@ -90,7 +93,8 @@ TEST(Catalogue, EveryItemIsDescribed)
     forEachItem([](const Item &item) {
         SCOPED_TRACE(item.name);
         EXPECT_FALSE(item.summary.empty());
-        EXPECT_FALSE(item.operations.empty());
+        // "security" is made of the operations of other items.
+        EXPECT_EQ(item.operations.empty(), item.name == "security");
         EXPECT_TRUE(item.get != nullptr || item.set != nullptr);
         EXPECT_FALSE(item.fields.empty());
         EXPECT_EQ(item.keys.empty(), item.files.empty());

@@ -105,12 +105,47 @@ OructlTest::~OructlTest()
 
 Transcript OructlTest::run(const Arguments &arguments, Stdout where) const
 {
+    return runWith(-1, arguments, where);
+}
+
+Transcript OructlTest::runWithInput(const std::string &input, const Arguments &arguments) const
+{
+    std::array<int, 2> in{};
+    if (::pipe2(in.data(), O_CLOEXEC) != 0) std::abort();
+    EXPECT_EQ(::write(in[1], input.data(), input.size()), static_cast<ssize_t>(input.size()));
+    ::close(in[1]);
+    const Transcript transcript = runWith(in[0], arguments, Stdout::Pipe);
+    ::close(in[0]);
+    return transcript;
+}
+
+nlohmann::json OructlTest::jsonOf(const Arguments &arguments, int exit) const
+{
+    const Transcript run = this->run(arguments);
+    EXPECT_EQ(run.exit, exit);
+    EXPECT_EQ(run.err, "");
+    EXPECT_EQ(run.out.find('\n'), run.out.size() - 1) << "one line";
+    nlohmann::json object = nlohmann::json::parse(run.out, nullptr, false);
+    EXPECT_FALSE(object.is_discarded()) << run.out;
+    EXPECT_EQ(object.value("schema", ""), "oructl/1");
+    return object;
+}
+
+std::vector<std::string> OructlTest::environment() const
+{
+    return {"ORU_ROOT=" + root_, "ORU_LOG=none", "LC_ALL=" + locale_,
+            "PATH=" + root_ + "/bin:/usr/bin:/bin", "TERM=xterm"};
+}
+
+Transcript OructlTest::runWith(int input, const Arguments &arguments, Stdout where) const
+{
     std::array<int, 2> out{};
     std::array<int, 2> err{};
     if (::pipe2(out.data(), O_CLOEXEC) != 0 || ::pipe2(err.data(), O_CLOEXEC) != 0) std::abort();
 
     posix_spawn_file_actions_t files;
     ::posix_spawn_file_actions_init(&files);
+    if (input >= 0) ::posix_spawn_file_actions_adddup2(&files, input, STDIN_FILENO);
     if (where == Stdout::Pipe) ::posix_spawn_file_actions_adddup2(&files, out[1], STDOUT_FILENO);
     if (where == Stdout::Full)
         ::posix_spawn_file_actions_addopen(&files, STDOUT_FILENO, "/dev/full", O_WRONLY, 0);
@@ -120,10 +155,10 @@ Transcript OructlTest::run(const Arguments &arguments, Stdout where) const
     std::vector<const char *> words = {"oructl"};
     for (const std::string &argument : arguments) words.push_back(argument.c_str());
     words.push_back(nullptr);
-    const std::string root = "ORU_ROOT=" + root_;
-    const std::string path = "PATH=" + root_ + "/bin:/usr/bin:/bin";
-    const std::array<const char *, 5> environment = {root.c_str(), "ORU_LOG=none", "LC_ALL=C",
-                                                     path.c_str(), nullptr};
+    const std::vector<std::string> variables = this->environment();
+    std::vector<const char *> environment;
+    for (const std::string &variable : variables) environment.push_back(variable.c_str());
+    environment.push_back(nullptr);
     pid_t child = -1;
     const int started =
         ::posix_spawn(&child, ORUCTL, &files, nullptr, const_cast<char *const *>(words.data()),

@@ -1,6 +1,8 @@
 // Runs the real oructl against an access point's files in a folder of its own.
 #pragma once
 
+#include <nlohmann/json.hpp>
+
 #include <gtest/gtest.h>
 
 #include <optional>
@@ -27,6 +29,12 @@ protected:
 
     Transcript run(const Arguments &arguments, Stdout where = Stdout::Pipe) const;
 
+    /// Runs with a text on standard input, a pipe.
+    Transcript runWithInput(const std::string &input, const Arguments &arguments) const;
+
+    /// The one JSON object of a run that writes nothing else. Its schema is checked.
+    nlohmann::json jsonOf(const Arguments &arguments, int exit) const;
+
     [[nodiscard]] std::string read(const std::string &path) const;
     void write(const std::string &path, const std::string &text) const;
 
@@ -41,12 +49,19 @@ protected:
 
     [[nodiscard]] const std::string &root() const { return root_; }
 
+    /// What a run finds in its environment.
+    [[nodiscard]] std::vector<std::string> environment() const;
+
     static constexpr const char *kWsm = "/var/wsmDefaults";
     static constexpr const char *kAa = "/var/1x.conf";
     static constexpr const char *kWsmFactory = "/var/wsmDefaults.orig";
     static constexpr const char *kAaFactory = "/var/1x.conf.orig";
 
+    std::string locale_ = "C";
+
 private:
+    Transcript runWith(int input, const Arguments &arguments, Stdout where) const;
+
     std::string root_;
 };
 

@@ -132,7 +132,8 @@ TEST(Operands, EntriesOfSeveralFieldsAreSeparatedByCommas)
     EXPECT_EQ(call.values[0].entries[0][0].text, "host");
     EXPECT_EQ(call.values[0].entries[0][1].text, "a,b") << "the last field takes the rest";
     Call wrong;
-    EXPECT_EQ(parse(kServers, {"host"}, wrong), "servers: 'host' is no whole entry");
+    EXPECT_EQ(parse(kServers, {"host"}, wrong), "servers: a word is no whole entry")
+        << "of an item with a secret, no word is shown";
 }
 
 TEST(Operands, SynopsisNamesWhatASetTakes)

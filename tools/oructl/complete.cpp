@@ -6,7 +6,7 @@ namespace oructl {
 namespace {
 
 constexpr std::string_view kOptions =
-    "--json --help --version --show-secrets --secret-file --insecure-argv";
+    "--json --show-secrets --secret-file --insecure-argv --help --version";
 
 class Candidates {
 public:

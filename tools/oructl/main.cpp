@@ -51,7 +51,7 @@ int parseOptions(int count, char **words, Options &options, Request &request)
         case kHelp: options.help = true; break;
         case kVersion: options.version = true; break;
         case kComplete: options.complete = true; break;
-        case kShowSecrets: request.showSecrets = true; break;
+        case kShowSecrets: request.secrets = Secrets::Shown; break;
         case kInsecureArgv: request.insecureArgv = true; break;
         case kFile: request.secretFile = ::optarg; break;
         case ':': options.incomplete = words[next]; break;

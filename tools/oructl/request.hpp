@@ -3,6 +3,7 @@
 
 #include "catalogue.hpp"
 #include "operands.hpp"
+#include "values.hpp"
 
 #include <optional>
 #include <span>
@@ -19,7 +20,7 @@ struct Request {
     const Verb *verb = nullptr;
     Words operands = {};
     bool json = false;
-    bool showSecrets = false;
+    Secrets secrets = Secrets::Masked;
     bool insecureArgv = false;        ///< secrets stand on the command line
     const char *secretFile = nullptr; ///< where secrets are read from; NULL: standard input
     std::string output = {};          ///< for standard output, written at the end

@@ -101,10 +101,10 @@ std::string readUntilInterrupt(int terminal, std::string &secret)
 std::string ask(int terminal, const std::string &name, std::string &secret)
 {
     const std::string prompt = name + ": ";
-    (void)!::write(terminal, prompt.data(), prompt.size());
     std::string problem;
     {
         const Silence silence{terminal};
+        (void)!::write(terminal, prompt.data(), prompt.size());
         problem = readUntilInterrupt(terminal, secret);
     }
     (void)!::write(terminal, "\n", 1);

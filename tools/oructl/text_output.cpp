@@ -104,12 +104,12 @@ std::string textOverview()
         out.append(verb.summary).append("\n");
     }
     return out += "\nOptions, before the verb or right behind it:\n"
-                  "  --json     output as one line of JSON, failures too\n"
-                  "  --help     this text, or the help of the verb\n"
-                  "  --version  the versions of oructl and of the library\n"
-                  "  --show-secrets    get shows keys and passwords\n"
-                  "  --secret-file F   set reads them from F, one a line, not from standard input\n"
-                  "  --insecure-argv   set takes them from the command line, which others can see\n"
+                  "  --json           output as one line of JSON, failures too\n"
+                  "  --show-secrets   shows PINs and keys, which are masked otherwise\n"
+                  "  --secret-file F  reads secrets from F, one a line, not from standard input\n"
+                  "  --insecure-argv  takes secrets from the command line, where others see them\n"
+                  "  --help           this text, or the help of the verb\n"
+                  "  --version        the versions of oructl and of the library\n"
                   "\nA change waits in the files until 'oructl commit'.\n"
                   "'oructl list' shows the items, 'oructl help ITEM' one of them.\n"
                   "Exit status: 0 done, 1 refused or failed, 2 wrong command line.\n";

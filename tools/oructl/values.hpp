@@ -30,12 +30,13 @@ bool isLegal(const Field &field, const Value &value);
 /// The legal values of a field in words: "0 to 30 dB", "on or off".
 std::string legalValues(const Field &field);
 
-/// What an output does with secrets.
-enum class Secrets : uint8_t { Masked, Shown };
+/// Whether output shows secrets.
+enum class Secrets : bool { Masked, Shown };
 
-constexpr std::string_view kMask = "********";
+/// What stands for a secret.
+inline constexpr std::string_view kMask = "********";
 
-/// A value as a get shows it: a word, a number, text in double quotes, a secret masked.
+/// A value as a get shows it: a word, a number, text in double quotes.
 std::string shownValue(const Field &field, const Value &value, Secrets secrets = Secrets::Masked);
 
 /// The word of a number, or an empty text.

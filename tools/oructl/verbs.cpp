@@ -133,9 +133,8 @@ int runGet(Request &request)
     if (item == nullptr) return status;
     if (const uint32_t code = item->get(call); code != ORUSDK_RC_OK)
         return reportCall(request, *item, Use::Get, code, call);
-    const Secrets secrets = request.showSecrets ? Secrets::Shown : Secrets::Masked;
-    request.output =
-        request.json ? jsonValue(*item, call, secrets) : textValue(*item, call, secrets);
+    request.output = request.json ? jsonValue(*item, call, request.secrets)
+                                  : textValue(*item, call, request.secrets);
     return kDone;
 }
 
