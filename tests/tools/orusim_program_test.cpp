@@ -153,6 +153,37 @@ TEST_F(OrusimProgram, InitTakesTheFactoryFilesFromWhereItIsTold)
     EXPECT_THAT(missing.output, HasSubstr("/nowhere/wsmDefaults.orig"));
 }
 
+TEST_F(OrusimProgram, InitMakesTheNamedProduct)
+{
+    init();
+    const Ended ended = runToEnd({"--root", box.root(), "--init", "--product", "bg"});
+    EXPECT_EQ(ended.status, 0);
+    EXPECT_THAT(ended.output, HasSubstr("kept " + box.at("/var/1x.conf") + "\n"));
+    EXPECT_THAT(ended.output, HasSubstr("wrote " + box.at("/config/orusim.radios") + "\n"));
+    EXPECT_THAT(box.read("/config/orusim.radios"), HasSubstr("bandSupport=\"1 1 0 1\"\n"));
+    const Ended wrong = runToEnd({"--root", box.root(), "--init", "--product", "xx"});
+    EXPECT_EQ(wrong.status, 1);
+    EXPECT_THAT(wrong.output, HasSubstr("no such product: xx"));
+}
+
+TEST_F(OrusimProgram, LivesByItsOwnClockAndSeed)
+{
+    init();
+    const std::vector<std::string> arguments{"--root",     box.root(), "--seed",  "5",
+                                             "--stations", "2",        "--speed", "1000"};
+    std::string joined[2];
+    for (std::string &line : joined) {
+        Process process(arguments);
+        ASSERT_TRUE(process.waitFor("orusim: ready\n"));
+        line = process.output().substr(process.output().find("station "));
+        line.resize(line.find('\n'));
+        // Within ten of its minutes every station has left, and another has come.
+        EXPECT_TRUE(process.waitFor("leaves: its time\n")) << process.output();
+    }
+    EXPECT_THAT(joined[0], HasSubstr(" joins"));
+    EXPECT_EQ(joined[0], joined[1]);
+}
+
 TEST_F(OrusimProgram, EndsOnASignalAndRemovesItsSockets)
 {
     for (const int signal : {SIGTERM, SIGINT}) {
@@ -348,6 +379,11 @@ TEST_F(OrusimProgram, RefusesAWrongCommandLine)
                                                {"--ready-fd", "x"},
                                                {"--ready-fd", "-1"},
                                                {"--ready-fd", ""},
+                                               {"--ready-fd", "65536"},
+                                               {"--speed", "0"},
+                                               {"--speed", "1001"},
+                                               {"--seed", "4294967296"},
+                                               {"--stations", "257"},
                                                {"--quiet=1"}}) {
         const Ended ended = runToEnd(arguments);
         EXPECT_EQ(ended.status, 2) << arguments[0];
@@ -359,9 +395,12 @@ TEST_F(OrusimProgram, TellsItsOptionsAndItsVersion)
 {
     const Ended help = runToEnd({"--help"});
     EXPECT_EQ(help.status, 0);
-    for (const char *word : {"--root", "--init", "--force", "--factory", "--quiet", "--log",
-                             "--foreground", "--ready-fd", "--control", "--on-device", "--help",
-                             "--version", "fault wsm|aa|all", "status", "quit"})
+    for (const char *word :
+         {"--root",       "--init",           "--force",     "--factory",   "--product",
+          "--stations",   "--seed",           "--speed",     "--quiet",     "--log",
+          "--foreground", "--ready-fd",       "--control",   "--on-device", "--help",
+          "--version",    "fault wsm|aa|all", "station add", "stations N",  "advance MS",
+          "wps peer",     "status",           "quit"})
         EXPECT_THAT(help.output, HasSubstr(word));
     const Ended version = runToEnd({"--version"});
     EXPECT_EQ(version.status, 0);

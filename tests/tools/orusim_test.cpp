@@ -279,7 +279,9 @@ TEST_F(OrusimTest, ReportsKeysThatComeAndGo)
     box.write("/var/1x.conf", "b=2\nc=\n");
     ask(caller, kAaCommit);
     EXPECT_THAT(lines, ElementsAre("AA: 10498 commit", "AA: reloaded /var/1x.conf: 2 changes",
-                                   "AA:   a: 1 -> (absent)", "AA:   c: (absent) -> \"\""));
+                                   "AA:   a: 1 -> (absent)", "AA:   c: (absent) -> \"\"",
+                                   "AA: bss 0: no security mode", "AA: bss 1: no security mode",
+                                   "AA: bss 2: no security mode", "AA: bss 3: no security mode"));
 }
 
 TEST_F(OrusimTest, SaysOneChange)
@@ -333,7 +335,8 @@ TEST_F(OrusimTest, ReloadsBothServicesWhenTold)
     step();
     EXPECT_THAT(lines,
                 ElementsAre("WSM: reloaded /var/wsmDefaults: 1 change", "WSM:   mimoFlag: 1 -> 0",
-                            "AA: reloaded /var/1x.conf: 0 changes"));
+                            "AA: reloaded /var/1x.conf: 0 changes", "AA: bss 0: open",
+                            "AA: bss 1: open", "AA: bss 2: open", "AA: bss 3: open"));
 }
 
 // ---- Faults

@@ -66,6 +66,83 @@ std::string setFault(Simulator &simulator, std::vector<std::string_view> words)
     return "ok\n";
 }
 
+constexpr char kUsageOfStation[] = "error: station add BSS MAC [RADIO] | station remove MAC\n";
+
+/// The lowest radio on which a BSS is on the air.
+size_t radioOf(const World &world, size_t bss)
+{
+    size_t radio = 0;
+    while (radio < kRadios && !world.onAir(bss, radio)) ++radio;
+    return radio;
+}
+
+std::string addStation(Simulator &simulator, const std::vector<std::string_view> &words)
+{
+    if (words.size() != 2 && words.size() != 3) return kUsageOfStation;
+    World &world = simulator.wsm().world();
+    const auto bss = toNumber(words[0]);
+    const auto address = toAddress(words[1]);
+    const auto radio = words.size() == 3 ? toNumber(words[2]) : std::optional<uint32_t>{0};
+    if (!bss || !address || !radio) return kUsageOfStation;
+
+    const size_t on = words.size() == 3 ? *radio : radioOf(world, *bss);
+    const std::string error = world.add(*bss, on, *address);
+    return error.empty() ? "ok\n" : "error: " + error + '\n';
+}
+
+std::string changeStation(Simulator &simulator, const std::vector<std::string_view> &words)
+{
+    if (words.size() > 1 && words[0] == "add")
+        return addStation(simulator, {words.begin() + 1, words.end()});
+    if (words.size() != 2 || words[0] != "remove") return kUsageOfStation;
+    const auto address = toAddress(words[1]);
+    if (!address) return kUsageOfStation;
+    if (!simulator.wsm().world().remove(*address, "told to")) return "error: no such station\n";
+    return "ok\n";
+}
+
+std::string setStations(Simulator &simulator, const std::vector<std::string_view> &words)
+{
+    const auto count = words.size() == 1 ? toNumber(words[0]) : std::nullopt;
+    if (!count || *count > kMostStations) return format("error: stations 0..%zu\n", kMostStations);
+    simulator.wsm().world().setPopulation(*count);
+    return "ok\n";
+}
+
+std::string advance(Simulator &simulator, const std::vector<std::string_view> &words)
+{
+    constexpr uint32_t kMost = 24 * 3600 * 1000;
+    const auto ms = words.size() == 1 ? toNumber(words[0]) : std::nullopt;
+    if (!ms || *ms > kMost) return format("error: advance 0..%u\n", kMost);
+    simulator.advance(*ms);
+    return "ok\n";
+}
+
+std::string setPeer(Simulator &simulator, const std::vector<std::string_view> &words)
+{
+    if (words.size() != 2 || words[0] != "peer" || (words[1] != "on" && words[1] != "off"))
+        return "error: wps peer on|off\n";
+    simulator.wsm().wps().setPeer(words[1] == "on", simulator.worldMs());
+    return "ok\n";
+}
+
+/// A line for each radio, and for each BSS on it.
+std::string airStatus(const Wsm &wsm)
+{
+    std::string text;
+    for (size_t radio = 0; radio < kRadios; ++radio) {
+        const Radio &state = wsm.world().radio(radio);
+        text += format("radio %zu: %s, channel %u, %zu stations\n", radio, state.up ? "up" : "down",
+                       state.channel, wsm.world().stationsOf(radio));
+        for (size_t bss = 0; bss < kBsses; ++bss)
+            if (wsm.world().bss(bss).isOn(radio))
+                text += format(
+                    "  bss %zu: %s%s, WPS %s\n", bss, printable(wsm.world().bss(bss).ssid).c_str(),
+                    wsm.world().bss(bss).hidden ? " (hidden)" : "", wsm.wps().stage(bss, radio));
+    }
+    return text;
+}
+
 std::string status(Simulator &simulator)
 {
     std::string text = format("ok\nclients: %zu\n", simulator.clients());
@@ -74,7 +151,7 @@ std::string status(Simulator &simulator)
             "%s: port %u, %zu keys of %s, %llu messages, fault %s\n", service->name().c_str(),
             service->port(), service->configuration().size(), service->path().c_str(),
             static_cast<unsigned long long>(service->messages()), service->faults().text().c_str());
-    return text;
+    return text + airStatus(simulator.wsm());
 }
 
 std::string quit(Simulator &simulator)
@@ -89,16 +166,32 @@ const char kCommands[] =
     "  fault wsm|aa|all KIND [count N]  spoil the answers to the next N requests, or until "
     "cleared;\n"
     "                                   KIND: none, silent, slow MS, close, wrong, cut BYTES\n"
-    "  status                           what runs, and which faults are set\n"
+    "  station add BSS MAC [RADIO]      a station joins, and stays\n"
+    "  station remove MAC               a station leaves\n"
+    "  stations N                       so many stations, but for their coming and going\n"
+    "  advance MS                       move the world's clock on\n"
+    "  wps peer on|off                  whether the other side of an enrollment answers\n"
+    "  status                           what runs, what is on the air, which faults are set\n"
     "  quit                             end the simulator\n";
 
 std::string obey(Simulator &simulator, std::string_view command)
 {
-    const std::vector<std::string_view> all = words(command);
+    using Words = std::vector<std::string_view>;
+    constexpr struct {
+        const char *name;
+        std::string (*run)(Simulator &, const Words &);
+    } kRows[] = {{"station", changeStation},
+                 {"stations", setStations},
+                 {"advance", advance},
+                 {"wps", setPeer}};
+
+    const Words all = words(command);
     if (!all.empty() && all[0] == "fault") return setFault(simulator, {all.begin() + 1, all.end()});
     if (all.size() == 1 && all[0] == "status") return status(simulator);
     if (all.size() == 1 && all[0] == "quit") return quit(simulator);
-    return "error: fault, status and quit are the commands\n";
+    for (const auto &[name, run] : kRows)
+        if (!all.empty() && all[0] == name) return run(simulator, {all.begin() + 1, all.end()});
+    return "error: fault, station, stations, advance, wps, status and quit are the commands\n";
 }
 
 CommandListener::CommandListener(Descriptor folder, Descriptor socket)

@@ -1,6 +1,7 @@
 #include "factory.hpp"
 
 #include "descriptor.hpp"
+#include "radiofacts.hpp"
 
 #include <cerrno>
 #include <cstdio>
@@ -79,10 +80,22 @@ Placed place(const std::string &path, std::string_view text, bool force)
     return placed;
 }
 
+/// Puts a file in its place and tells of it. An empty text, or what went wrong.
+std::string placeAndTell(const std::string &path, std::string_view text, bool force, const Log &log)
+{
+    const Placed placed = place(rooted(path), text, force);
+    if (placed == Placed::failed) return failure(rooted(path));
+    if (log) log((placed == Placed::written ? "wrote " : "kept ") + rooted(path));
+    return {};
+}
+
 } // namespace
 
-std::string initialise(const std::string &factory, bool force, const Log &log)
+std::string initialise(const std::string &factory, bool force, const Log &log,
+                       const std::string &product)
 {
+    const auto radios = productFile(product.empty() ? "us" : product);
+    if (!radios) return "no such product: " + product + " (us, jp and bg are)";
     // All are read before anything is made.
     std::vector<std::string> texts;
     for (const File &file : kFiles) {
@@ -97,12 +110,10 @@ std::string initialise(const std::string &factory, bool force, const Log &log)
         if (error) return rooted(folder) + ": " + error.message();
     }
     for (size_t i = 0; i < texts.size(); ++i) {
-        const std::string to = rooted(kFiles[i].path);
-        const Placed placed = place(to, texts[i], force);
-        if (placed == Placed::failed) return failure(to);
-        if (log) log((placed == Placed::written ? "wrote " : "kept ") + to);
+        const std::string error = placeAndTell(kFiles[i].path, texts[i], force, log);
+        if (!error.empty()) return error;
     }
-    return {};
+    return placeAndTell(kRadioFactsPath, *radios, force || !product.empty(), log);
 }
 
 } // namespace orusim

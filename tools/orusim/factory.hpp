@@ -7,8 +7,11 @@
 
 namespace orusim {
 
-/// Makes the folders below ORU_ROOT and puts the factory files in their places, mode 0600. Files
-/// that exist stay, unless `force`. Tells of each file. An empty text, or what went wrong.
-std::string initialise(const std::string &factory, bool force, const Log &log);
+/// Makes the folders below ORU_ROOT and puts the factory files in their places, mode 0600, and the
+/// radios of a product: the named one's, or those of the US product. Files that exist stay, unless
+/// `force`; the radios of a product that is named are always put there. Tells of each file. An
+/// empty text, or what went wrong.
+std::string initialise(const std::string &factory, bool force, const Log &log,
+                       const std::string &product = "");
 
 } // namespace orusim

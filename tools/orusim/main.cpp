@@ -127,10 +127,12 @@ bool announce(int readyDescriptor)
 
 int init(const CommandLine &line)
 {
-    const std::string error =
-        initialise(factoryFolder(line), line.force, [&](std::string_view text) {
+    const std::string error = initialise(
+        factoryFolder(line), line.force,
+        [&](std::string_view text) {
             if (!line.quiet) std::printf("%s\n", std::string(text).c_str());
-        });
+        },
+        line.product);
     return error.empty() ? int{kOk} : fail(error);
 }
 
@@ -151,7 +153,11 @@ int run(const CommandLine &line)
 
     raiseDescriptorLimit();
     const SteadyClock clock;
-    Simulator simulator{{[&](std::string_view text) { journal.write(text); }}, clock};
+    Simulator simulator{{.log = [&](std::string_view text) { journal.write(text); },
+                         .seed = line.seed,
+                         .speed = line.speed,
+                         .stations = line.stations},
+                        clock};
     handleSignals(simulator);
     if (const std::string error = simulator.start(); !error.empty()) return fail(error);
     if (!announce(line.readyDescriptor)) return fail("can't write to the descriptor of --ready-fd");

@@ -126,10 +126,23 @@ std::string Element::text() const
     return hex(value);
 }
 
-uint32_t Message::number(uint32_t elementType) const
+const Element *Message::find(uint32_t elementType) const
 {
     const auto found = std::ranges::find(elements, elementType, &Element::type);
-    return found == elements.end() ? 0 : found->number();
+    return found == elements.end() ? nullptr : &*found;
+}
+
+uint32_t Message::number(uint32_t elementType) const
+{
+    const Element *element = find(elementType);
+    return element == nullptr ? 0 : element->number();
+}
+
+std::span<const uint8_t> Message::bytes(uint32_t elementType) const
+{
+    const Element *element = find(elementType);
+    if (element == nullptr) return {};
+    return element->value;
 }
 
 std::optional<uint16_t> messageType(std::span<const uint8_t> packet)
@@ -218,6 +231,14 @@ void Writer::append(uint32_t type, uint32_t length, const void *value)
     bytes_.resize(before + static_cast<size_t>(end - at));
 }
 
+Writer Writer::withoutElements() const
+{
+    Writer writer{type_};
+    writer.elementsAt_ = elementsAt_;
+    writer.bytes_.assign(bytes_.data(), bytes_.data() + elementsAt_);
+    return writer;
+}
+
 Bytes Writer::message() const
 {
     Bytes message = bytes_;
@@ -230,6 +251,7 @@ Writer answer(uint16_t type)
 {
     Writer writer{type};
     writer.put32(0);
+    writer.elementsAt_ = writer.bytes_.size();
     return writer;
 }
 

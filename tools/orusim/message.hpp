@@ -56,8 +56,16 @@ struct Message {
     std::vector<Element> elements;
     std::string description; // every field and element with its value, for the log
 
-    /// The number of an element that the form has.
+    [[nodiscard]] bool has(uint32_t elementType) const { return find(elementType) != nullptr; }
+    /// The number of an element, 0 when there is none.
     [[nodiscard]] uint32_t number(uint32_t elementType) const;
+    /// The bytes of an element, none when there is none.
+    [[nodiscard]] std::span<const uint8_t> bytes(uint32_t elementType) const;
+    /// The number of a fixed field that the shape has.
+    [[nodiscard]] uint32_t field(size_t index) const { return fields.at(index).number(); }
+
+private:
+    [[nodiscard]] const Element *find(uint32_t elementType) const;
 };
 
 /// The type of a whole message: its length field says as many bytes as there are.
@@ -82,12 +90,18 @@ public:
     [[nodiscard]] uint16_t type() const { return type_; }
     /// The message, its head filled in.
     [[nodiscard]] Bytes message() const;
+    /// What stands behind the head.
+    [[nodiscard]] Bytes body() const { return {bytes_.begin() + 4, bytes_.end()}; }
+    /// The same answer with nothing but its fixed fields.
+    [[nodiscard]] Writer withoutElements() const;
 
 private:
+    friend Writer answer(uint16_t type);
     void append(uint32_t type, uint32_t length, const void *value);
 
     uint16_t type_;
     Bytes bytes_;
+    size_t elementsAt_ = 4; // where elements begin
 };
 
 /// An answer of the usual form: type, a 32-bit 0, then elements.

@@ -13,6 +13,10 @@ enum Option {
     kInit,
     kForce,
     kFactory,
+    kProduct,
+    kSeed,
+    kSpeed,
+    kStations,
     kQuiet,
     kLog,
     kForeground,
@@ -28,6 +32,10 @@ constexpr option kOptions[] = {
     {"init", no_argument, nullptr, kInit},
     {"force", no_argument, nullptr, kForce},
     {"factory", required_argument, nullptr, kFactory},
+    {"product", required_argument, nullptr, kProduct},
+    {"seed", required_argument, nullptr, kSeed},
+    {"speed", required_argument, nullptr, kSpeed},
+    {"stations", required_argument, nullptr, kStations},
     {"quiet", no_argument, nullptr, kQuiet},
     {"log", required_argument, nullptr, kLog},
     {"foreground", no_argument, nullptr, kForeground},
@@ -38,6 +46,16 @@ constexpr option kOptions[] = {
     {"version", no_argument, nullptr, kVersionOption},
     {nullptr, 0, nullptr, 0},
 };
+
+/// Takes a number between bounds; says so when it is none.
+template <class Number>
+bool takeNumber(Number &number, const char *name, const char *value, uint32_t least, uint32_t most)
+{
+    const auto read = toNumber(value);
+    if (read && *read >= least && *read <= most) return number = static_cast<Number>(*read), true;
+    std::fprintf(stderr, "orusim: --%s takes a number from %u to %u\n", name, least, most);
+    return false;
+}
 
 bool take(CommandLine &line, int option, const char *value)
 {
@@ -55,13 +73,11 @@ bool take(CommandLine &line, int option, const char *value)
     case 'h':
     case kHelpOption: return line.verb = Verb::help, true;
     case kVersionOption: return line.verb = Verb::version, true;
-    case kReadyFd: {
-        const auto number = toNumber(value);
-        if (number && *number <= 65535)
-            return line.readyDescriptor = static_cast<int>(*number), true;
-        std::fprintf(stderr, "orusim: --ready-fd takes the number of a descriptor\n");
-        return false;
-    }
+    case kProduct: return line.product = value, true;
+    case kSeed: return takeNumber(line.seed, "seed", value, 0, UINT32_MAX);
+    case kSpeed: return takeNumber(line.speed, "speed", value, 1, 1000);
+    case kStations: return takeNumber(line.stations, "stations", value, 0, 256);
+    case kReadyFd: return takeNumber(line.readyDescriptor, "ready-fd", value, 0, 65535);
     default: return false;
     }
 }
@@ -77,6 +93,10 @@ const char kHelp[] =
     "  --force         with --init: put factory files over those that exist\n"
     "  --factory DIR   where the factory files are (default: the environment's ORUSIM_FACTORY,\n"
     "                  or where they were installed)\n"
+    "  --product NAME  with --init: the radios of the product us, jp or bg (2.4 GHz alone)\n"
+    "  --stations N    so many stations are there in the middle (default: 4)\n"
+    "  --seed N        what chance decides; the same number gives the same world (default: 1)\n"
+    "  --speed N       the world runs N times as fast (default: 1)\n"
     "  --quiet         don't print what happens\n"
     "  --log FILE      append what happens to FILE\n"
     "  --foreground    stay in the foreground (always so)\n"

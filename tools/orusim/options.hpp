@@ -1,6 +1,7 @@
 // The command line.
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 namespace orusim {
@@ -12,6 +13,10 @@ struct CommandLine {
     std::string factory;
     std::string logFile;
     std::string command;
+    std::string product;
+    uint32_t seed = 1;
+    uint32_t speed = 1;
+    uint32_t stations = 4;
     int readyDescriptor = -1;
     bool force = false;
     bool quiet = false;

@@ -53,6 +53,7 @@ void Service::reload()
 Outcome Service::receive(std::span<const uint8_t> packet)
 {
     ++messages_;
+    catchUp();
     const auto type = messageType(packet);
     const auto row = type ? std::ranges::find(rows_, *type, &Row::type) : rows_.end();
     if (type && row == rows_.end()) {
@@ -87,7 +88,7 @@ Outcome Service::spoilt(Fault fault, const Writer &answered) const
     case Fault::Kind::silent: return {};
     case Fault::Kind::slow: return {false, std::move(bytes), fault.argument};
     case Fault::Kind::wrong:
-        return {false, answer(answered.type()).number(kWrongElement, 0).message(), 0};
+        return {false, answered.withoutElements().number(kWrongElement, 0).message(), 0};
     case Fault::Kind::cut: bytes.resize(std::min<size_t>(bytes.size(), fault.argument)); break;
     default: break;
     }

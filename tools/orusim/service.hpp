@@ -53,6 +53,9 @@ public:
     /// Decodes, logs and handles one packet.
     Outcome receive(std::span<const uint8_t> packet);
 
+    /// Called before each packet.
+    virtual void catchUp() {}
+
     /// Writes a line behind the service's name.
     void say(std::string_view text) const;
 

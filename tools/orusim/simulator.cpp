@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <climits>
 #include <cstring>
 #include <fcntl.h>
 #include <sys/epoll.h>
@@ -43,8 +42,9 @@ void Simulator::CloseListener::operator()(OruAsfListener *listener) const
 }
 
 Simulator::Simulator(Options options, const Clock &clock)
-    : options_(std::move(options)), clock_(clock), wsm_(options_.log), aa_(options_.log),
-      buffer_(kRoom), nextToken_(kFirstFree)
+    : options_(std::move(options)), clock_(clock), world_(clock, options_.speed),
+      wsm_(options_.log, world_, options_.seed), aa_(options_.log), buffer_(kRoom),
+      nextToken_(kFirstFree)
 {
     if (options_.maxClients == 0) options_.maxClients = clientsThatFit();
     int ends[2] = {-1, -1};
@@ -70,6 +70,7 @@ std::string Simulator::start()
     if (!commands_ || !watch(commands_->number(), kCommand))
         return std::string("can't make the control socket: ") + std::strerror(errno);
     for (Service *service : services()) service->load();
+    wsm_.world().setPopulation(options_.stations);
     return {};
 }
 
@@ -111,14 +112,22 @@ bool Simulator::runOnce(int timeoutMs)
     const int count = ::epoll_wait(epoll_.number(), events.data(), kAtATurn, waitFor(timeoutMs));
     for (int i = 0; i < count; ++i) dispatch(events[static_cast<size_t>(i)].data.u64);
     sendDue();
+    wsm_.catchUp();
     return !stopped_;
 }
 
 int Simulator::waitFor(int timeoutMs) const
 {
-    if (late_.empty()) return timeoutMs;
-    const int64_t left = std::clamp<int64_t>(late_.begin()->first - clock_.nowMs(), 0, INT_MAX);
-    return timeoutMs < 0 ? static_cast<int>(left) : std::min(timeoutMs, static_cast<int>(left));
+    constexpr int64_t kLeastStep = 10; // so that a fast world does not take all of the machine
+    int64_t left = std::max(world_.realMsUntil(wsm_.world().nextStep()), kLeastStep);
+    if (!late_.empty()) left = std::clamp<int64_t>(late_.begin()->first - clock_.nowMs(), 0, left);
+    return static_cast<int>(timeoutMs < 0 ? left : std::min<int64_t>(timeoutMs, left));
+}
+
+void Simulator::advance(int64_t ms)
+{
+    world_.advance(ms);
+    wsm_.catchUp();
 }
 
 void Simulator::dispatch(uint64_t token)

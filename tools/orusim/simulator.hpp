@@ -23,6 +23,9 @@ public:
     struct Options {
         Log log;
         size_t maxClients = 0; // connections at a time; 0: what the limit on descriptors leaves
+        uint64_t seed = 1;     // of all that chance decides
+        uint32_t speed = 1;    // of the world's clock
+        size_t stations = 0;   // as many are there in the middle
     };
 
     Simulator(Options options, const Clock &clock);
@@ -47,6 +50,10 @@ public:
     /// May be called from a signal handler.
     void stop() const { wake('q'); }
     void reload() const { wake('r'); }
+
+    /// Moves the world's clock on.
+    void advance(int64_t ms);
+    [[nodiscard]] int64_t worldMs() const { return world_.nowMs(); }
 
     Wsm &wsm() { return wsm_; }
     Aa &aa() { return aa_; }
@@ -90,6 +97,7 @@ private:
 
     Options options_;
     const Clock &clock_;
+    WorldClock world_;
     Wsm wsm_;
     Aa aa_;
     std::array<std::unique_ptr<OruAsfListener, CloseListener>, 2> listeners_;

@@ -51,6 +51,20 @@ std::optional<uint32_t> toNumber(std::string_view text)
     return number;
 }
 
+std::optional<Address> toAddress(std::string_view text)
+{
+    constexpr size_t kPair = 3; // with its colon
+    Address address{};
+    if (text.size() != kPair * address.size() - 1) return {};
+    for (size_t i = 0; i < address.size(); ++i) {
+        const std::string_view pair = text.substr(kPair * i, 2);
+        const auto [at, error] = std::from_chars(pair.begin(), pair.end(), address[i], 16);
+        if (error != std::errc{} || at != pair.end()) return {};
+        if (i + 1 < address.size() && text[kPair * i + 2] != ':') return {};
+    }
+    return address;
+}
+
 std::vector<std::string_view> words(std::string_view text)
 {
     const auto isBlank = [](char c) { return std::isspace(static_cast<unsigned char>(c)) != 0; };

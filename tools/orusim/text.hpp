@@ -1,6 +1,7 @@
 // Small help with texts.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <optional>
@@ -12,6 +13,7 @@
 namespace orusim {
 
 using Bytes = std::vector<uint8_t>;
+using Address = std::array<uint8_t, 6>; // a MAC address
 
 /// Takes one line, without a line feed.
 using Log = std::function<void(std::string_view)>;
@@ -28,6 +30,9 @@ std::string hex(std::span<const uint8_t> bytes);
 
 /// A whole decimal number without a sign.
 std::optional<uint32_t> toNumber(std::string_view text);
+
+/// Six pairs of hexadecimal digits joined by colons.
+std::optional<Address> toAddress(std::string_view text);
 
 /// The words between blanks.
 std::vector<std::string_view> words(std::string_view text);
