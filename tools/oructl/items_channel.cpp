@@ -144,6 +144,7 @@ std::string whySecondary(int64_t radio, int64_t channel, int64_t secondary)
 {
     const int64_t partner =
         isAt24GHz(channel) ? (channel > 9 ? channel - 4 : channel + 4) : partnerAt5GHz(channel);
+    if (!isChannel(channel)) return "channels are " + listed(allChannels());
     const std::string number = std::to_string(channel);
     if (secondary == 0) {
         if (storedBonding(radio) != 1) return "";

@@ -128,8 +128,8 @@ std::string textHelp(const Item &item)
     if (item.get != nullptr) addEntry(out, "read", usageOf(findVerb("get"), &item));
     if (item.set != nullptr) addEntry(out, "change", usageOf(findVerb("set"), &item));
     for (const Field &field : item.fields) {
-        std::string text = legalValues(field);
-        if (!field.meaning.empty()) text.append(": ").append(field.meaning);
+        std::string text = field.flag ? "" : legalValues(field);
+        if (!field.meaning.empty()) text.append(text.empty() ? "" : ": ").append(field.meaning);
         addEntry(out, field.name.empty() ? "VALUE" : field.name, text);
     }
     std::string keys{item.keys};
@@ -146,7 +146,7 @@ std::string legalValuesOf(const Item &item)
 {
     std::string out;
     for (const Field &field : item.fields) {
-        if (!field.belongsTo(item.set != nullptr ? Use::Set : Use::Get)) continue;
+        if (!field.belongsTo(item.set != nullptr ? Use::Set : Use::Get) || field.flag) continue;
         if (!out.empty()) out += ", ";
         if (!field.name.empty()) out.append(field.name).append(" ");
         out.append(legalValues(field));
