@@ -116,7 +116,7 @@ public:
         for (int turn = 0; turn < kMostTurns; ++turn) {
             Descriptor file{open()};
             if (!file) {
-                if (errno == EINTR || discardForeign()) continue;
+                if (errno == EINTR || isBeingMade() || discardForeign()) continue;
                 return;
             }
             switch (take(file.number())) {
@@ -149,7 +149,8 @@ public:
 
     bool rename()
     {
-        renamed_ = ::renameat(folder_, name_, folder_, target_.name()) == 0;
+        renamed_ =
+            whoseName() == State::ours && ::renameat(folder_, name_, folder_, target_.name()) == 0;
         return renamed_;
     }
 
@@ -162,6 +163,17 @@ private:
                         0600);
     }
 
+    /// Another user's save makes its file ours to open in the moment after it made it. One that
+    /// stays closed for a second is a left-over.
+    bool isBeingMade()
+    {
+        constexpr timespec kMoment{0, 1'000'000};
+        if (errno != EACCES || patience_ == 0) return false;
+        --patience_;
+        ::nanosleep(&kMoment, nullptr);
+        return true;
+    }
+
     /// Removes what stands under our name and can't be opened: another user's left-over, a link.
     /// Those who can't keep the target's owner keep their hands off: their save fails anyway.
     bool discardForeign() const
@@ -169,7 +181,7 @@ private:
         const bool inTheWay = errno == EACCES || errno == ELOOP || errno == ENXIO || errno == EPERM;
         const uid_t user = ::geteuid();
         const bool entitled = !target_.exists() || user == 0 || user == target_.status().st_uid;
-        return inTheWay && entitled && ::unlinkat(folder_, name_, 0) == 0;
+        return inTheWay && entitled && (::unlinkat(folder_, name_, 0) == 0 || errno == ENOENT);
     }
 
     /// Waits for our turn with what was opened. Only an empty file of our own that nobody else can
@@ -206,6 +218,7 @@ private:
     const Target &target_;
     int file_ = -1;
     bool renamed_ = false;
+    int patience_ = 1000; // milliseconds
     struct stat status_ {};
     char name_[NAME_MAX + 1];
 };
