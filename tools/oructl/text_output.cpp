@@ -1,6 +1,6 @@
 #include "text_output.hpp"
 
-#include "values.hpp"
+#include "command.hpp"
 
 #include <algorithm>
 #include <array>
@@ -118,7 +118,7 @@ std::string textOverview()
 std::string textHelp(const Verb &verb)
 {
     std::string out = "usage: " + usageOf(&verb) + "\n\n";
-    return out.append(verb.details).append("\n");
+    return out.append(verb.details).append("\n").append(textCommands(verb));
 }
 
 std::string textHelp(const Item &item)
