@@ -141,6 +141,8 @@ TEST(Operands, SynopsisNamesWhatASetTakes)
     EXPECT_EQ(operandSynopsis(kMany, Use::Get), "BSS");
     EXPECT_EQ(operandSynopsis(kMany, Use::Set),
               "BSS channel|auto none|allow|deny [--secondary secondary]");
+    EXPECT_EQ(operandSynopsis(kMany, Use::Set, Synopsis::Brief),
+              "BSS channel|auto none|allow|deny [OPTION...]");
     EXPECT_EQ(operandSynopsis(kList, Use::Set), "none|allow|deny [stations...]");
 }
 
