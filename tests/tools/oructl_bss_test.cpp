@@ -344,6 +344,17 @@ TEST_F(OructlBss, AFailureOfSecuritySaysWhatWasDoneBefore)
                                    "psk and aes switched on; a key has 64 hexadecimal digits"));
 }
 
+TEST_F(OructlBss, AFailureBehindASwitchOffSaysThatNoModeIsOn)
+{
+    set(kWsm, "dot11Mode", "unknown");
+    const Transcript run = this->run({"set", "security", "2", "wpa2", "psk"});
+    EXPECT_EQ(run.exit, 1);
+    EXPECT_THAT(run.err, HasSubstr("failed: Error in reading element from configuration file (code "
+                                   "42); done before: open access switched off, no mode switched "
+                                   "on; keys bss2.openAccessEnabled"));
+    EXPECT_THAT(run.err, HasSubstr("dot11Mode"));
+}
+
 TEST_F(OructlBss, SecurityRefusesWhatDoesNotGoTogether)
 {
     expectWrong({"set", "security", "1", "none"}, "mode: a word is none of its values");

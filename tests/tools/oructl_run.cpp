@@ -15,7 +15,8 @@
 namespace oru::test {
 namespace {
 
-constexpr const char *kSharedSettings = R"(localPowerConstraint=3
+constexpr const char *kSharedSettings = R"(dot11Mode=4
+localPowerConstraint=3
 bss2040CoexistElement=0
 dot11BSSWidthTriggerScanInterval=300
 numSs=2

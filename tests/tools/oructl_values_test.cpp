@@ -141,6 +141,8 @@ TEST(Operands, SynopsisNamesWhatASetTakes)
     EXPECT_EQ(operandSynopsis(kMany, Use::Get), "BSS");
     EXPECT_EQ(operandSynopsis(kMany, Use::Set),
               "BSS channel|auto none|allow|deny [--secondary secondary]");
+    EXPECT_EQ(operandSynopsis(kMany, Use::Set, Synopsis::Brief),
+              "BSS channel|auto none|allow|deny [OPTION...]");
     EXPECT_EQ(operandSynopsis(kList, Use::Set), "none|allow|deny [stations...]");
 }
 
@@ -233,6 +235,35 @@ TEST(Output, BytesThatAreNoUtf8NeverBreakTheJson)
     Call call;
     ASSERT_EQ(parse(kServers, {"\xff\xc3\x28\xed\xa0\x80,x"}, call), "");
     EXPECT_TRUE(json::accept(jsonValue(kServers, call)));
+}
+
+TEST(Values, Utf8IsWhatItsDefinitionAdmits)
+{
+    for (const char *good : {"", "a", "\xc2\x80", "\xdf\xbf", "\xe0\xa0\x80", "\xed\x9f\xbf",
+                             "\xee\x80\x80", "\xf0\x90\x80\x80", "\xf4\x8f\xbf\xbf",
+                             "a\xc3\xbc"
+                             "b"})
+        EXPECT_TRUE(isUtf8(good)) << hexOf(good);
+    for (const char *bad :
+         {"\x80", "\xc1\xbf", "\xc2",
+          "\xc2"
+          "a",
+          "\xe0\x9f\xbf", "\xe1\x80", "\xed\xa0\x80", "\xf0\x8f\xbf\xbf", "\xf1\x80\x80",
+          "\xf4\x90\x80\x80", "\xf5\x80\x80\x80", "\xff", "\xc3\xbc\xbc"})
+        EXPECT_FALSE(isUtf8(bad)) << hexOf(bad);
+}
+
+TEST(Values, HexadecimalDigitsAreBytesOfEitherCase)
+{
+    Value value;
+    EXPECT_EQ(parseHex("00", value).substr(0, 11), "the byte 00");
+    EXPECT_EQ(parseHex("09afAFff", value), "");
+    EXPECT_EQ(value.text, "\x09\xaf\xaf\xff");
+    EXPECT_EQ(hexOf(value.text), "09afafff");
+    EXPECT_EQ(parseHex("", value), "");
+    EXPECT_EQ(value.text, "");
+    for (const char *bad : {"0", "0g", "/1", ":1", "@1", "G1", "`1", "g1", "1 "})
+        EXPECT_NE(parseHex(bad, value), "") << bad;
 }
 
 TEST(Nearest, DistanceCountsSingleLetters)

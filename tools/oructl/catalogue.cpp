@@ -6,9 +6,10 @@ namespace oructl {
 
 std::span<const std::span<const Item>> families()
 {
-    static const std::span<const Item> all[] = {
-        radioSwitches(), radioOptions(), channelItems(),  dfsItems(),    rateItems(), macItems(),
-        qosItems(),      bssItems(),     securityItems(), radiusItems(), wpsItems()};
+    static const std::span<const Item> all[] = {radioSwitches(), radioOptions(), channelItems(),
+                                                dfsItems(),      rateItems(),    macItems(),
+                                                qosItems(),      bssItems(),     securityItems(),
+                                                radiusItems(),   wpsItems(),     controlItems()};
     return all;
 }
 

@@ -1,6 +1,8 @@
 #include "complete.hpp"
 
+#include "command.hpp"
 #include "request.hpp"
+#include "show.hpp"
 
 namespace oructl {
 namespace {
@@ -57,10 +59,53 @@ void addItemOperand(Candidates &out, Use verb, Words words)
         addOperand(out, *item, verb, words.size() - 1);
 }
 
+/// What can follow the operands given behind a command or view.
+void addArgument(Candidates &out, std::span<const Operand> operands, const Repeat &repeat,
+                 size_t count)
+{
+    const bool required = count < operands.size() && !operands[count].optional;
+    if (count < operands.size() && operands[count].field.kind == Kind::Number)
+        out.add(operands[count].field.bounds);
+    if (count <= operands.size() && !required && !repeat.option.empty()) out.add(repeat.option);
+}
+
+/// The next word of each command of the verb whose words go on.
+void addCommandWord(Candidates &out, std::string_view verb, Words words)
+{
+    std::string before;
+    for (const char *word : words) before.append(word).append(" ");
+    std::string_view last;
+    forEachCommand([&](const Command &command) {
+        if (command.verb != verb || !command.words.starts_with(before)) return;
+        const std::string_view rest = command.words.substr(before.size());
+        const std::string_view next = rest.substr(0, rest.find(' '));
+        if (next != last) out.add(next);
+        last = next;
+    });
+}
+
+void addCommandOperand(Candidates &out, std::string_view verb, Words words)
+{
+    const Command *const command = findCommand(verb, words);
+    if (command == nullptr) return addCommandWord(out, verb, words);
+    size_t count = words.size();
+    forEachWord(command->words, [&](std::string_view) { --count; });
+    addArgument(out, command->operands, command->repeat, count);
+}
+
+void addViewOperand(Candidates &out, Words words)
+{
+    if (words.empty()) return forEachView([&](const View &view) { out.add(view.name); });
+    if (const View *view = findView(words.front()); view != nullptr)
+        addArgument(out, view->operands, kWatch, words.size() - 1);
+}
+
 void addVerbOperand(Candidates &out, std::string_view verb, Words words)
 {
     if (verb == "get") return addItemOperand(out, Use::Get, words);
     if (verb == "set") return addItemOperand(out, Use::Set, words);
+    if (verb == "show") return addViewOperand(out, words);
+    addCommandOperand(out, verb, words);
     if (verb == "reset" && words.size() == 1 && std::string_view{words.front()} == "bss")
         return out.add(legalIndex(Scope::Bss));
     if (!words.empty()) return;

@@ -16,5 +16,6 @@ std::span<const Item> bssItems();
 std::span<const Item> securityItems();
 std::span<const Item> radiusItems();
 std::span<const Item> wpsItems();
+std::span<const Item> controlItems();
 
 } // namespace oructl

@@ -381,7 +381,10 @@ uint32_t setSecurity(const Call &call)
         if (const uint32_t failed = switchOff(code, call); failed != ORUSDK_RC_OK) return failed;
         code = switchOn(call);
     }
-    if (code != ORUSDK_RC_OK) return code;
+    if (code != ORUSDK_RC_OK) {
+        if (!call.steps.empty()) call.steps.emplace_back("no mode switched on");
+        return code;
+    }
     call.steps.push_back(switchedOn(call));
     return isWpa(call.values[kModePlace].number) ? completeWpa(call) : code;
 }
@@ -463,6 +466,8 @@ uint32_t setOpen(int32_t bss, uint32_t on)
     return oruSdkSetSecModeOpen(bss, on);
 }
 
+constexpr std::string_view kBothFiles = "/var/1x.conf /var/wsmDefaults";
+
 constexpr Item kItems[] = {
     {.name = "security",
      .scope = Scope::Bss,
@@ -471,11 +476,12 @@ constexpr Item kItems[] = {
      .get = getSecurity,
      .set = setSecurity,
      .operations = "",
-     .keys = "bss%d.openAccessEnabled bss%d.wepEnabled bss%d.wpaEnabled",
-     .files = kSecurityFile,
+     .keys = "bss%d.openAccessEnabled bss%d.wepEnabled bss%d.wpaEnabled bss%d.BpRSNFlag",
+     .files = kBothFiles,
      .summary = "security mode: a set switches the other ones off first, and says what it did",
      .reason = securityReason,
-     .conflict = conflictOfSecurity},
+     .conflict = conflictOfSecurity,
+     .reads = "dot11Mode"},
     {.name = "open-access",
      .scope = Scope::Bss,
      .index = kBssIndex,
@@ -483,10 +489,11 @@ constexpr Item kItems[] = {
      .get = getNumber<oruSdkGetSecModeOpen>,
      .set = setNumber<uint32_t, setOpen>,
      .operations = "oruSdkGetSecModeOpen oruSdkSetSecModeOpen",
-     .keys = "bss%d.openAccessEnabled",
-     .files = kSecurityFile,
+     .keys = "bss%d.openAccessEnabled bss%d.BpRSNFlag",
+     .files = kBothFiles,
      .summary = "open access; needs WEP and WPA off",
-     .reason = bssReason},
+     .reason = bssReason,
+     .reads = "dot11Mode"},
     {.name = "wpa",
      .scope = Scope::Bss,
      .index = kBssIndex,
@@ -494,11 +501,13 @@ constexpr Item kItems[] = {
      .get = getWpa,
      .set = setWpa<kWpaPlace>,
      .operations = "oruSdkGetSecModeWpa oruSdkSetSecModeWpa",
-     .keys = "bss%d.wpaEnabled bss%d.mixedIeMode bss%d.wpaAuthTypes bss%d.wpaEncTypes",
-     .files = kSecurityFile,
+     .keys = "bss%d.wpaEnabled bss%d.mixedIeMode bss%d.wpaAuthTypes bss%d.wpaEncTypes "
+             "bss%d.BpRSNFlag bss%d.BpPskFlag bss%d.wpsstate",
+     .files = kBothFiles,
      .summary = "WPA; needs open access and WEP off",
      .reason = wpaReason<kWpaPlace>,
-     .conflict = conflictOfWpa},
+     .conflict = conflictOfWpa,
+     .reads = "dot11Mode"},
     {.name = "wep",
      .scope = Scope::Bss,
      .index = kBssIndex,
@@ -506,11 +515,13 @@ constexpr Item kItems[] = {
      .get = getWep,
      .set = setWep,
      .operations = "oruSdkGetSecModeWep oruSdkSetSecModeWep isHex",
-     .keys = "bss%d.wepEnabled bss%d.wepKeyLen bss%d.wepDefaultKey bss%d.wepKey.1",
-     .files = kSecurityFile,
+     .keys = "bss%d.wepEnabled bss%d.dynamicWepEnabled bss%d.wepKeyLen bss%d.wepDefaultKey "
+             "bss%d.wepKey.1",
+     .files = kBothFiles,
      .summary = "WEP; needs open access and WPA off",
      .reason = wepReason,
-     .conflict = conflictOfWep},
+     .conflict = conflictOfWep,
+     .reads = "dot11Mode"},
     {.name = "psk",
      .scope = Scope::Bss,
      .index = kBssIndex,

@@ -15,10 +15,11 @@ Json document()
     return Json{{"schema", "oructl/1"}};
 }
 
-/// Never throws: bytes that are no UTF-8 become U+FFFD.
+/// Never throws: bytes that are no UTF-8 become U+FFFD. ASCII alone, so that no text of somebody
+/// else drives a terminal.
 std::string line(const Json &object)
 {
-    return object.dump(-1, ' ', false, Json::error_handler_t::replace) + '\n';
+    return object.dump(-1, ' ', true, Json::error_handler_t::replace) + '\n';
 }
 
 Json wordOrNull(std::string_view text)
@@ -49,7 +50,7 @@ Json valueOf(const Field &field, const Value &value, Secrets secrets)
                     {"number", value.number},
                     {"meaning", field.coded->meaning(value.number)}};
     switch (field.kind) {
-    case Kind::Number: return value.number;
+    case Kind::Number: return value.text.empty() ? Json(value.number) : Json(value.text);
     case Kind::Switch:
     case Kind::Choice:
         return Json{{"word", wordOrNull(wordOf(field, value.number))}, {"number", value.number}};
@@ -65,14 +66,20 @@ Json valueOf(const Field &field, const Value &value, Secrets secrets)
     return list;
 }
 
+void addFields(Json &object, std::span<const Field> fields, const std::vector<Value> &values,
+               Secrets secrets)
+{
+    for (size_t i = 0; i < fields.size(); ++i)
+        if (fields[i].belongsTo(Use::Get))
+            object[std::string{fields[i].name}] = valueOf(fields[i], values[i], secrets);
+}
+
 /// The value itself of a single field without a name, an object of several.
 Json fieldsOf(std::span<const Field> fields, const std::vector<Value> &values, Secrets secrets)
 {
     if (fields.size() == 1 && fields[0].name.empty()) return valueOf(fields[0], values[0], secrets);
     Json object = Json::object();
-    for (size_t i = 0; i < fields.size(); ++i)
-        if (fields[i].belongsTo(Use::Get))
-            object[std::string{fields[i].name}] = valueOf(fields[i], values[i], secrets);
+    addFields(object, fields, values, secrets);
     return object;
 }
 
@@ -162,6 +169,30 @@ std::string jsonAction(std::string_view verb, std::string_view target, std::opti
     Json object = document();
     object[std::string{verb}] = target;
     if (index) object["index"] = *index;
+    return line(object);
+}
+
+std::string jsonRecord(std::string_view verb, std::string_view what, std::span<const Field> fields,
+                       const std::vector<Value> &values, Secrets secrets)
+{
+    Json object = document();
+    object[std::string{verb}] = what.empty() ? Json(true) : Json(what);
+    addFields(object, fields, values, secrets);
+    return line(object);
+}
+
+std::string jsonView(const View &view, const Arguments &arguments, const Answer &answer,
+                     Secrets secrets)
+{
+    Json object = document();
+    object["show"] = view.name;
+    for (size_t i = 0; i < view.operands.size(); ++i)
+        addFields(object, {&view.operands[i].field, 1}, {arguments.values[i]}, secrets);
+    if (!view.facts.empty()) object["facts"] = fieldsOf(view.facts, answer.facts, secrets);
+    if (view.columns.empty()) return line(object);
+    object["rows"] = Json::array();
+    for (const Row &row : answer.rows)
+        object["rows"].push_back(fieldsOf(view.columns, row, secrets));
     return line(object);
 }
 

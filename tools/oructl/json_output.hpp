@@ -3,6 +3,7 @@
 
 #include "catalogue.hpp"
 #include "request.hpp"
+#include "show.hpp"
 #include "values.hpp"
 
 #include <optional>
@@ -18,6 +19,12 @@ std::string jsonSet(const Item &item, const Call &call);
 /// What commit and reset have done: {"reset":"bss","index":1}.
 std::string jsonAction(std::string_view verb, std::string_view target,
                        std::optional<int64_t> index = {});
+
+/// What a verb has done or read, with its operands and results: {"wps":"generate","radio":0}.
+std::string jsonRecord(std::string_view verb, std::string_view what, std::span<const Field> fields,
+                       const std::vector<Value> &values, Secrets secrets = Secrets::Masked);
+std::string jsonView(const View &view, const Arguments &arguments, const Answer &answer,
+                     Secrets secrets);
 std::string jsonList(const std::vector<const Item *> &items);
 std::string jsonExplanation(int64_t code);
 std::string jsonVersions(std::string_view tool, std::string_view library);

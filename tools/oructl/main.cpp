@@ -3,9 +3,6 @@
 #include "request.hpp"
 #include "values.hpp"
 
-#include <cerrno>
-#include <cstdio>
-#include <cstring>
 #include <fcntl.h>
 #include <getopt.h>
 #include <unistd.h>
@@ -123,12 +120,6 @@ void holdStandardStreams()
             (void)!::open("/dev/null", fd == STDIN_FILENO ? O_WRONLY : O_RDONLY);
 }
 
-bool writeOutput(const std::string &text)
-{
-    return std::fwrite(text.data(), 1, text.size(), stdout) == text.size() &&
-           std::fflush(stdout) == 0;
-}
-
 } // namespace
 } // namespace oructl
 
@@ -137,8 +128,5 @@ int main(int argc, char **argv)
     using namespace oructl;
     holdStandardStreams();
     Request request;
-    const int status = run(request, argc, argv);
-    if (request.output.empty() || writeOutput(request.output)) return status;
-    std::fprintf(stderr, "oructl: can't write standard output: %s\n", std::strerror(errno));
-    return status == kDone ? kFailed : status;
+    return finish(request, run(request, argc, argv));
 }

@@ -7,6 +7,8 @@
 namespace oructl {
 namespace {
 
+constexpr std::string_view kAnyOption = " [OPTION...]";
+
 std::string parseIndex(const Item &item, std::string_view text, Call &call)
 {
     const std::string name{indexName(item.scope)};
@@ -186,12 +188,16 @@ std::string operandName(const Field &field)
     return field.name.empty() ? "VALUE" : std::string{field.name};
 }
 
-std::string operandSynopsis(const Item &item, Use verb)
+std::string operandSynopsis(const Item &item, Use verb, Synopsis synopsis)
 {
     std::string out{indexName(item.scope)};
     if (verb != Use::Set) return out;
     for (const Field &field : item.fields) {
         if (!field.belongsTo(Use::Set)) continue;
+        if (!field.option.empty() && synopsis == Synopsis::Brief) {
+            if (!out.ends_with(kAnyOption)) out.append(kAnyOption);
+            continue;
+        }
         if (field.flag) {
             out.append(" [--").append(field.option).append("]");
             continue;

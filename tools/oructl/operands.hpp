@@ -21,8 +21,11 @@ std::string parseOperands(const Item &item, Use verb, Words words, Call &call,
 /// Whether an item, or an entry of its lists, has a secret.
 bool hasSecret(std::span<const Field> fields);
 
+/// How a synopsis shows options: each by its name, or all as one word.
+enum class Synopsis : uint8_t { Full, Brief };
+
 /// What stands behind the item's name on a command line: "RADIO on|off".
-std::string operandSynopsis(const Item &item, Use verb);
+std::string operandSynopsis(const Item &item, Use verb, Synopsis synopsis = Synopsis::Full);
 
 /// How a field is called in messages, its value on a command line: "fragment", "VALUE".
 std::string operandName(const Field &field);

@@ -4,7 +4,9 @@
 #include "nearest.hpp"
 #include "values.hpp"
 
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
 
 namespace oructl {
 namespace {
@@ -27,6 +29,17 @@ std::string problemLine(const Problem &problem)
 
 } // namespace
 
+int finish(Request &request, int status)
+{
+    if (request.output.empty()) return status;
+    const std::string text = std::move(request.output);
+    request.output.clear();
+    if (std::fwrite(text.data(), 1, text.size(), stdout) == text.size() && std::fflush(stdout) == 0)
+        return status;
+    std::fprintf(stderr, "oructl: can't write standard output: %s\n", std::strerror(errno));
+    return status == kDone ? kFailed : status;
+}
+
 int report(Request &request, const Problem &problem)
 {
     if (request.json) request.output = jsonError(problem);
@@ -41,6 +54,17 @@ int reportUsage(Request &request, const std::string &message, const Item *item)
     if (item != nullptr) problem.attempt.append(" ").append(item->name);
     const int status = report(request, problem);
     if (!request.json) std::fprintf(stderr, "usage: %s\n", usageOf(request.verb, item).c_str());
+    return status;
+}
+
+int reportUsage(Request &request, std::string_view words, const std::string &message,
+                const std::string &synopsis)
+{
+    Problem problem{
+        .kind = "usage", .attempt = std::string{request.verb->name}, .message = message};
+    if (!words.empty()) problem.attempt.append(" ").append(words);
+    const int status = report(request, problem);
+    if (!request.json) std::fprintf(stderr, "usage: oructl [--json] %s\n", synopsis.c_str());
     return status;
 }
 

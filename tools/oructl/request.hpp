@@ -37,6 +37,10 @@ struct Verb {
 std::span<const Verb> verbs();
 const Verb *findVerb(std::string_view name);
 
+/// Writes the output and empties it. Yields the status, or that of a failure when it can't be
+/// written.
+int finish(Request &request, int status);
+
 /// What went wrong, in the parts that both output forms show.
 struct Problem {
     std::string_view kind;            ///< "usage", "refused" or "failed"
@@ -52,6 +56,10 @@ int report(Request &request, const Problem &problem);
 
 /// Reports a wrong command line, with the usage of the item's verb or of the verb.
 int reportUsage(Request &request, const std::string &message, const Item *item = nullptr);
+
+/// Reports a wrong command line of the verb's command or view with these words.
+int reportUsage(Request &request, std::string_view words, const std::string &message,
+                const std::string &synopsis);
 
 /// Reports an operand that is the name of nothing, with the names that it resembles.
 int reportUnknown(Request &request, std::string_view what, std::string_view typed,

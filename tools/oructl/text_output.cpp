@@ -1,6 +1,6 @@
 #include "text_output.hpp"
 
-#include "values.hpp"
+#include "command.hpp"
 
 #include <algorithm>
 #include <array>
@@ -43,8 +43,8 @@ using Row = std::array<std::string, 5>;
 Row listRow(const Item &item)
 {
     return {std::string{item.name},
-            operandSynopsis(item, item.set != nullptr ? Use::Set : Use::Get), legalValuesOf(item),
-            std::string{item.keys}, std::string{item.files}};
+            operandSynopsis(item, item.set != nullptr ? Use::Set : Use::Get, Synopsis::Brief),
+            legalValuesOf(item), std::string{item.keys}, std::string{item.files}};
 }
 
 /// A label of fixed width and what belongs to it.
@@ -118,7 +118,7 @@ std::string textOverview()
 std::string textHelp(const Verb &verb)
 {
     std::string out = "usage: " + usageOf(&verb) + "\n\n";
-    return out.append(verb.details).append("\n");
+    return out.append(verb.details).append("\n").append(textCommands(verb));
 }
 
 std::string textHelp(const Item &item)
@@ -144,9 +144,12 @@ std::string textHelp(const Item &item)
 
 std::string legalValuesOf(const Item &item)
 {
+    const Use verb = item.set != nullptr ? Use::Set : Use::Get;
+    const bool positional = nextPositional(item, 0) != nullptr;
     std::string out;
     for (const Field &field : item.fields) {
-        if (!field.belongsTo(item.set != nullptr ? Use::Set : Use::Get) || field.flag) continue;
+        if (!field.belongsTo(verb) || field.flag) continue;
+        if (positional && !field.option.empty()) continue;
         if (!out.empty()) out += ", ";
         if (!field.name.empty()) out.append(field.name).append(" ");
         out.append(legalValues(field));

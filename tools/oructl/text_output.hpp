@@ -24,7 +24,8 @@ std::string textOverview();
 std::string textHelp(const Verb &verb);
 std::string textHelp(const Item &item);
 
-/// The legal values of all fields that are set: "0 to 2", "fragment 256 to 2346, rts 1 to 2347".
+/// The legal values of all fields that are set by position, or by option when there are none: "0 to
+/// 2", "fragment 256 to 2346, rts 1 to 2347".
 std::string legalValuesOf(const Item &item);
 
 /// "key radio0.txPower of /var/wsmDefaults", and more keys, between blanks.

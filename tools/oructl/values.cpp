@@ -87,7 +87,8 @@ bool isBetween(Bounds bounds, int64_t number)
 
 std::string range(Bounds bounds)
 {
-    return std::to_string(bounds.min) + " to " + std::to_string(bounds.max);
+    const std::string min = std::to_string(bounds.min);
+    return bounds.min == bounds.max ? min : min + " to " + std::to_string(bounds.max);
 }
 
 } // namespace

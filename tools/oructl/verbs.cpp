@@ -1,9 +1,11 @@
 // What each verb does.
 #include "codes.hpp"
+#include "command.hpp"
 #include "json_output.hpp"
 #include "oruSdk.h"
 #include "reasons.hpp"
 #include "request.hpp"
+#include "show.hpp"
 #include "text_output.hpp"
 #include "values.hpp"
 
@@ -255,9 +257,9 @@ int runHelp(Request &request)
         for (const Verb &each : verbs()) names.push_back(each.name);
         return reportUnknown(request, "verb or item", topic, names);
     }
-    const std::string text = verb != nullptr   ? textHelp(*verb)
-                             : item != nullptr ? textHelp(*item)
-                                               : textOverview();
+    std::string text = topic.empty() ? textOverview() : "";
+    if (verb != nullptr) text = textHelp(*verb);
+    if (item != nullptr) text.append(text.empty() ? "" : "\n").append(textHelp(*item));
     request.output = request.json ? jsonHelp(topic, text) : text;
     return kDone;
 }
@@ -286,6 +288,28 @@ constexpr Verb kVerbs[] = {
      "Stores the factory values again: 'all' of them, or those of one BSS (0 to 3). The access\n"
      "point takes them with the next commit.",
      runReset},
+    {"show", "VIEW [OPERAND...] [--watch [SECONDS]]", "shows what the access point says",
+     "Shows what the access point says at this moment, as a table. With --watch again and again,\n"
+     "every 2 seconds or as many as given: in place on a terminal, one below the other elsewhere.\n"
+     "'-' stands for what it left out. Names that no standard gives are those of oruSdk.h.",
+     runShow},
+    {"stats", "get NAME RADIO [STATION-MAC]", "shows a counter",
+     "Shows one counter of a radio or of a station ('show stats' has them all).", runCommand},
+    {"radio", "up|down RADIO", "switches a radio on or off, at once",
+     "Switches a radio on ('up') or off ('down'): stores it and tells the radio service at once,\n"
+     "without a commit. When the service can't be told, what is stored stays.",
+     runCommand},
+    {"disassoc", "STATION-MAC", "disassociates a station, at once",
+     "Asks the radio service to disassociate a station, at once. Its verdict is in the log alone.",
+     runCommand},
+    {"wps", "COMMAND [OPERAND...]", "Wi-Fi Protected Setup",
+     "Wi-Fi Protected Setup, at once. The verdict on an enrollment is asked for by 'wps status':\n"
+     "0 success, 200 key too long, 201 invalid checksum; with --wait it asks once a second until\n"
+     "one of these comes, for 120 seconds or as many as given, and fails unless it is success.\n"
+     "PIN is the PIN itself, '-' for the next line of standard input (asked for on a terminal), "
+     "or\n"
+     "'@FILE'; 'wps set-pin' without it takes it as '-' does.",
+     runCommand},
     {"list", "[PATTERN]", "lists the items",
      "Lists the items whose name or key contains PATTERN, or all: name, operands, legal values,\n"
      "key and file. In a key, %d stands for the index; a key without it is one for all.",

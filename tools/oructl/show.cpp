@@ -1,0 +1,206 @@
+#include "show.hpp"
+
+#include "codes.hpp"
+#include "display.hpp"
+#include "json_output.hpp"
+#include "oruSdk.h"
+#include "terminal.hpp"
+#include "views.hpp"
+
+#include <algorithm>
+#include <ctime>
+
+namespace oructl {
+namespace {
+
+constexpr std::string_view kAbsent = "-";
+
+std::string cellOf(const Field &field, const Value &value, Charset charset, Secrets secrets);
+
+/// Entries of a list: their fields between blanks, entry by entry between commas.
+std::string cellOfList(const Field &list, const Value &value, Charset charset, Secrets secrets)
+{
+    std::string out;
+    for (const auto &entry : value.entries) {
+        if (!out.empty()) out += ',';
+        for (size_t i = 0; i < entry.size(); ++i)
+            out.append(i == 0 ? "" : " ").append(cellOf(list.entry[i], entry[i], charset, secrets));
+    }
+    return out.empty() ? std::string{kAbsent} : out;
+}
+
+std::string cellOf(const Field &field, const Value &value, Charset charset, Secrets secrets)
+{
+    if (!value.given) return std::string{kAbsent};
+    switch (field.kind) {
+    case Kind::Text:
+    case Kind::Bytes: return quotedText(value.text, charset);
+    case Kind::List: return cellOfList(field, value, charset, secrets);
+    case Kind::Number: return value.text.empty() ? shownValue(field, value) : printable(value.text);
+    default: return shownValue(field, value, secrets);
+    }
+}
+
+std::string headerOf(const Field &field)
+{
+    std::string out{field.name};
+    if (!field.unit.empty()) out.append("(").append(field.unit).append(")");
+    return out;
+}
+
+using Line = std::vector<std::string>;
+
+/// Pads all but the last cell of each line to the width of its column.
+std::string aligned(const std::vector<Line> &lines)
+{
+    std::vector<size_t> widths;
+    for (const Line &line : lines) {
+        widths.resize(std::max(widths.size(), line.size()));
+        for (size_t i = 0; i < line.size(); ++i)
+            widths[i] = std::max(widths[i], displayWidth(line[i]));
+    }
+    std::string out;
+    for (const Line &line : lines) {
+        for (size_t i = 0; i + 1 < line.size(); ++i)
+            out.append(line[i]).append(widths[i] - displayWidth(line[i]) + 2, ' ');
+        out.append(line.back()).append("\n");
+    }
+    return out;
+}
+
+int reportView(Request &request, const View &view, const Arguments &arguments, uint32_t code,
+               const Answer &answer)
+{
+    const std::string illegal = illegalOperand(view.operands, arguments);
+    Problem problem{.kind = illegal.empty() ? "failed" : "refused",
+                    .attempt = attemptOf(request, view.name, view.operands, arguments),
+                    .message = answer.problem,
+                    .detail = illegal.empty() ? answer.detail : illegal};
+    if (code != ORUSDK_RC_OK) {
+        problem.code = code;
+        problem.message = messageLine(code);
+    }
+    return report(request, problem);
+}
+
+bool fetched(const View &view, const Arguments &arguments, Answer &answer, uint32_t &code)
+{
+    code = view.fetch(arguments, answer);
+    return code == ORUSDK_RC_OK && answer.problem.empty();
+}
+
+std::string shown(const Request &request, const View &view, const Arguments &arguments,
+                  const Answer &answer)
+{
+    return request.json ? jsonView(view, arguments, answer, request.secrets)
+                        : textView(view, answer, request.secrets);
+}
+
+void sleepSeconds(int64_t seconds)
+{
+    timespec left = {static_cast<time_t>(seconds), 0};
+    while (::nanosleep(&left, &left) != 0) {} // a stop and a continue cut it short
+}
+
+/// Draws the view in place until it fails. An interrupt ends the process.
+uint32_t watchOnTerminal(const Request &request, const View &view, const Arguments &arguments,
+                         Answer &answer)
+{
+    LiveText screen;
+    uint32_t code = ORUSDK_RC_OK;
+    while (fetched(view, arguments, answer, code)) {
+        if (!screen.draw(shown(request, view, arguments, answer))) break;
+        sleepSeconds(*arguments.seconds);
+        answer = {};
+    }
+    return code;
+}
+
+/// One view behind the other, for pipes and files; as text with an empty line between them.
+int watchInPipe(Request &request, const View &view, const Arguments &arguments)
+{
+    for (bool first = true;; first = false) {
+        Answer answer;
+        uint32_t code = ORUSDK_RC_OK;
+        if (!fetched(view, arguments, answer, code))
+            return reportView(request, view, arguments, code, answer);
+        request.output = first || request.json ? "" : "\n";
+        request.output += shown(request, view, arguments, answer);
+        if (const int status = finish(request, kDone); status != kDone) return status;
+        sleepSeconds(*arguments.seconds);
+    }
+}
+
+int runView(Request &request, const View &view, const Arguments &arguments)
+{
+    Answer answer;
+    uint32_t code = ORUSDK_RC_OK;
+    if (!arguments.seconds) {
+        if (!fetched(view, arguments, answer, code))
+            return reportView(request, view, arguments, code, answer);
+        request.output = shown(request, view, arguments, answer);
+        return kDone;
+    }
+    if (request.json || !outputIsTerminal()) return watchInPipe(request, view, arguments);
+    code = watchOnTerminal(request, view, arguments, answer);
+    if (code == ORUSDK_RC_OK && answer.problem.empty()) answer.problem = "the terminal is gone";
+    return reportView(request, view, arguments, code, answer);
+}
+
+} // namespace
+
+std::span<const std::span<const View>> viewFamilies()
+{
+    static const std::span<const View> all[] = {statusViews()};
+    return all;
+}
+
+const View *findView(std::string_view name)
+{
+    for (const auto family : viewFamilies())
+        for (const View &view : family)
+            if (view.name == name) return &view;
+    return nullptr;
+}
+
+std::string textView(const View &view, const Answer &answer, Secrets secrets)
+{
+    const Charset charset = charsetOfEnvironment();
+    std::vector<Line> facts;
+    for (size_t i = 0; i < view.facts.size(); ++i)
+        facts.push_back(
+            {headerOf(view.facts[i]), cellOf(view.facts[i], answer.facts[i], charset, secrets)});
+    std::string out = aligned(facts);
+    if (view.columns.empty()) return out;
+    if (!facts.empty()) out += '\n';
+    if (answer.rows.empty()) return out.append(view.empty).append("\n");
+
+    std::vector<Line> table(1);
+    for (const Field &column : view.columns) table[0].push_back(headerOf(column));
+    for (const Row &row : answer.rows) {
+        Line &line = table.emplace_back();
+        for (size_t i = 0; i < view.columns.size(); ++i)
+            line.push_back(cellOf(view.columns[i], row[i], charset, secrets));
+    }
+    return out += aligned(table);
+}
+
+int runShow(Request &request)
+{
+    if (request.operands.empty()) return reportUsage(request, "VIEW is missing");
+    const View *view = findView(request.operands.front());
+    if (view == nullptr) {
+        std::vector<std::string_view> names;
+        forEachView([&](const View &each) { names.push_back(each.name); });
+        return reportUnknown(request, "view", request.operands.front(), names);
+    }
+    Arguments arguments;
+    const std::string problem =
+        parseArguments(view->operands, kWatch, request.operands.subspan(1), arguments);
+    if (problem.empty()) return runView(request, *view, arguments);
+    return reportUsage(request, view->name, problem,
+                       "show " + std::string{view->name} + ' ' +
+                           argumentsSynopsis(view->operands, kWatch));
+}
+
+} // namespace oructl

@@ -1,0 +1,63 @@
+// Views: live tables of the access point. README.md says how to add one.
+#pragma once
+
+#include "command.hpp"
+
+namespace oructl {
+
+using Row = std::vector<Value>;
+
+/// What a view shows, or why it can't.
+struct Answer {
+    std::vector<Value> facts = {}; ///< one for each fact of the view
+    std::vector<Row> rows = {};    ///< one value for each column
+    std::string problem = {};      ///< a failure that no code stands for
+    std::string detail = {};       ///< about a failure
+};
+
+struct View {
+    std::string_view name;
+    std::span<const Operand> operands;
+    std::span<const Field> columns; ///< none: the view has facts alone
+    std::string_view empty;         ///< shown for a table without rows: "no stations"
+    std::string_view summary;
+    std::string_view operations; ///< the exported operations that it calls, between blanks
+    uint32_t (*fetch)(const Arguments &, Answer &);
+    std::span<const Field> facts = {}; ///< values of the whole, shown above the table
+};
+
+/// The views, family by family.
+std::span<const std::span<const View>> viewFamilies();
+
+/// NULL when no view has this name.
+const View *findView(std::string_view name);
+
+template <class Visit>
+void forEachView(Visit &&visit)
+{
+    for (const auto family : viewFamilies())
+        for (const View &view : family) visit(view);
+}
+
+/// The option that every view takes.
+inline constexpr Repeat kWatch = {.option = "--watch", .seconds = 2, .legal = {1, 86400}};
+
+/// The verb "show".
+int runShow(Request &request);
+
+/// The view as text: facts, a line of column names, and the rows in aligned columns.
+std::string textView(const View &view, const Answer &answer, Secrets secrets);
+
+// ---- Values of columns and facts
+
+inline Value numberValue(int64_t number)
+{
+    return {.given = true, .number = number};
+}
+
+inline Value textValue(std::string text)
+{
+    return {.given = true, .text = std::move(text)};
+}
+
+} // namespace oructl

@@ -1,0 +1,10 @@
+// The families of views, one source file a family.
+#pragma once
+
+#include "show.hpp"
+
+namespace oructl {
+
+std::span<const View> statusViews();
+
+} // namespace oructl
