@@ -205,7 +205,7 @@ TEST_F(Oructl, UnknownOptionsAreRefused)
 TEST_F(Oructl, AMistypedNameIsAnsweredWithTheNearest)
 {
     expectUsageError({"gte", "mimo", "0"}, "no verb is called 'gte'; did you mean get");
-    expectUsageError({"get", "mim", "0"}, "no item is called 'mim'; did you mean mimo?");
+    expectUsageError({"get", "mimmo", "0"}, "no item is called 'mimmo'; did you mean mimo?");
     expectUsageError({"set", "tx-powr", "0", "1"}, "did you mean tx-power");
     expectUsageError({"help", "comit"}, "did you mean commit");
     EXPECT_THAT(run({"get", "qqqqqqqqqqqq"}).err, Not(HasSubstr("did you mean")));
