@@ -1,4 +1,6 @@
 // Items of channels, rates, MAC parameters and QoS, through the real program and the factory file.
+#include "catalogue.hpp"
+#include "oruSdk.h"
 #include "tools/oructl_run.hpp"
 #include "tools/wsm_service.hpp"
 
@@ -977,7 +979,53 @@ INSTANTIATE_TEST_SUITE_P(Radio, EachRefusal, ::testing::ValuesIn(kRefused),
 
 // ---- Reasons need a state that can be read
 
+struct Guess {
+    const char *item;
+    uint32_t code;
+    int64_t value; ///< of the first field
+};
+
+/// Refusals that rest on a state. The factory's settings contradict each of them.
+constexpr Guess kGuesses[] = {
+    {"channel", ORUSDK_RC_RADAR_CHANNEL, 52},
+    {"channel", ORUSDK_RC_SECONDARY_CHANNEL, 36},
+    {"channel", ORUSDK_RC_CHANNEL, 36},
+    {"dot11-mode", ORUSDK_RC_MODE_5GHZ, 3},
+    {"dot11-mode", ORUSDK_RC_NEEDS_STD_EXTENSIONS, 3},
+    {"dot11-mode", ORUSDK_RC_REJECTS_11B, 2},
+    {"rate", ORUSDK_RC_RATE_ONLY_11B, 11},
+    {"mcs-rate", ORUSDK_RC_RATE_CODE, 7},
+    {"bg-scanning", ORUSDK_RC_PERIODIC_DFS, 0},
+    {"11b-admission", ORUSDK_RC_NEEDS_STD_EXTENSIONS, 0},
+    {"11b-admission", ORUSDK_RC_MODE_IS_11B_ONLY, 0},
+    {"wmm", ORUSDK_RC_NEEDS_STD_EXTENSIONS, 1},
+    {"wmm", ORUSDK_RC_WMM, 1},
+    {"dynamic-profile", ORUSDK_RC_NEEDS_WMM, 0},
+    {"dot11-mac", ORUSDK_RC_RTS_THRESHOLD, 256},
+    {"beacon", ORUSDK_RC_DTIM_PERIOD, 100},
+};
+
 TEST_F(RadioItems, AReasonIsNeverGuessed)
+{
+    ::setenv("ORU_ROOT", root().c_str(), 1);
+    ::setenv("ORU_LOG", "none", 1);
+    for (const bool readable : {true, false}) {
+        if (!readable) remove(kWsm);
+        for (const Guess &guess : kGuesses) {
+            const oructl::Item *item = oructl::findItem(guess.item);
+            ASSERT_NE(item, nullptr) << guess.item;
+            oructl::Call call;
+            call.values.resize(item->fields.size());
+            call.values[0] = {.given = true, .number = guess.value};
+            EXPECT_EQ(item->reason(guess.code, call), "")
+                << guess.item << ' ' << guess.code << (readable ? "" : " without the file");
+        }
+    }
+    ::unsetenv("ORU_ROOT");
+    ::unsetenv("ORU_LOG");
+}
+
+TEST_F(RadioItems, RefusalsFollowTheOrderOfTheChecks)
 {
     startWsmOfBothBands();
     apply({{"radio0.standardExt", "0"}});

@@ -25,6 +25,9 @@ reverseFcsFlag=0
 proximity=0
 mimoFlag=1
 radioProprietaryExt=0
+worldModeSupport=0
+countryCodeFlag=1
+countryCode="USI"
 )";
 
 constexpr std::array kRadioSettings = {"ShortGuardInterval40MHz=1",
@@ -42,7 +45,9 @@ constexpr std::array kRadioSettings = {"ShortGuardInterval40MHz=1",
                                        "txPower=2",
                                        "networkDensityValue=100",
                                        "networkDensity=1",
-                                       "shortPreambleFlag=1"};
+                                       "shortPreambleFlag=1",
+                                       "radarDetectFlag=1",
+                                       "fixedRate=104"};
 
 std::string radioFile()
 {

@@ -18,6 +18,19 @@ namespace {
 
 class Oructl : public OructlTest {
 protected:
+    /// The one JSON object of a run that writes nothing else.
+    json jsonOf(const Arguments &arguments, int exit) const
+    {
+        const Transcript run = this->run(arguments);
+        EXPECT_EQ(run.exit, exit);
+        EXPECT_EQ(run.err, "");
+        EXPECT_EQ(run.out.find('\n'), run.out.size() - 1) << "one line";
+        json object = json::parse(run.out, nullptr, false);
+        EXPECT_FALSE(object.is_discarded()) << run.out;
+        EXPECT_EQ(object.value("schema", ""), "oructl/1");
+        return object;
+    }
+
     void expectUsageError(const Arguments &arguments, const std::string &message) const
     {
         SCOPED_TRACE(testing::PrintToString(arguments));
@@ -192,7 +205,7 @@ TEST_F(Oructl, UnknownOptionsAreRefused)
 TEST_F(Oructl, AMistypedNameIsAnsweredWithTheNearest)
 {
     expectUsageError({"gte", "mimo", "0"}, "no verb is called 'gte'; did you mean get");
-    expectUsageError({"get", "mim", "0"}, "no item is called 'mim'; did you mean mimo");
+    expectUsageError({"get", "mimmo", "0"}, "no item is called 'mimmo'; did you mean mimo?");
     expectUsageError({"set", "tx-powr", "0", "1"}, "did you mean tx-power");
     expectUsageError({"help", "comit"}, "did you mean commit");
     EXPECT_THAT(run({"get", "qqqqqqqqqqqq"}).err, Not(HasSubstr("did you mean")));
@@ -221,10 +234,9 @@ TEST_F(Oructl, CommitOfAllChecksTheSecurityAndCommitOfTheRadioDoesNot)
     set(kAa, "bss2.openAccessEnabled", "false");
     const Transcript all = run({"commit"});
     EXPECT_EQ(all.exit, 1);
-    EXPECT_EQ(all.err,
-              "oructl: commit: failed: No security mode set (code 80); BSS 2 has no security "
-              "mode; set one with: oructl set security 2 open (or wep, wpa, wpa2, "
-              "wpa-mixed)\n");
+    EXPECT_EQ(all.err, "oructl: commit: failed: No security mode set (code 80); BSS 2 has no security "
+                       "mode; set one with: oructl set security 2 open (or wep, wpa, wpa2, "
+                       "wpa-mixed)\n");
     EXPECT_EQ(jsonOf({"--json", "commit"}, 1)["error"]["code"], 80);
     EXPECT_EQ(run({"commit", "radio"}).exit, 0);
 }

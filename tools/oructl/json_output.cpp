@@ -124,6 +124,7 @@ Json describe(std::span<const Field> fields)
         Json object{{"name", wordOrNull(field.name)}, {"kind", kindName(field.kind)},
                     {"min", field.bounds.min},        {"max", field.bounds.max},
                     {"unit", wordOrNull(field.unit)}, {"option", wordOrNull(field.option)}};
+        object["flag"] = field.flag;
         object["words"] = Json::array();
         for (const Word &word : field.words)
             object["words"].push_back(Json{{"word", word.word}, {"number", word.number}});

@@ -76,16 +76,18 @@ std::string textSteps(const Item &item, const Call &call)
 
 std::string textList(const std::vector<const Item *> &items)
 {
+    constexpr size_t kWidest = 48; // longer cells shift their own row alone
     std::vector<Row> rows;
     rows.reserve(items.size());
     for (const Item *item : items) rows.push_back(listRow(*item));
     std::array<size_t, std::tuple_size_v<Row>> widths{};
     for (const Row &row : rows)
-        for (size_t i = 0; i < row.size(); ++i) widths[i] = std::max(widths[i], row[i].size());
+        for (size_t i = 0; i < row.size(); ++i)
+            if (row[i].size() <= kWidest) widths[i] = std::max(widths[i], row[i].size());
     std::string out;
     for (const Row &row : rows) {
         for (size_t i = 0; i + 1 < row.size(); ++i)
-            out.append(row[i]).append(widths[i] - row[i].size() + 2, ' ');
+            out.append(row[i]).append(std::max(widths[i], row[i].size()) - row[i].size() + 2, ' ');
         out.append(row.back()).append("\n");
     }
     return out;
