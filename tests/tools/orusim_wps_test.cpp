@@ -75,6 +75,36 @@ TEST_F(WpsTest, EnrollsAStationByItsPin)
     EXPECT_EQ(status(1, 0), 2u) << "nothing was started on the other radio";
 }
 
+TEST_F(WpsTest, EnrollsOnTheRadioAndTheBssThatAreNamed)
+{
+    Box::set("/var/wsmDefaults", "bss2.radio", "2");
+    commit();
+    box.write("/var/1x.conf", box.read("/var/1x.conf") + "bss2.wscEnabledFlag=1\n");
+    EXPECT_EQ(call([] { return sendWscEnroll(kButton, 1, 2, ""); }), 0u);
+    EXPECT_EQ(status(1, 2), 1u);
+    EXPECT_EQ(status(0, 2), 2u);
+    pass(13'000);
+    ASSERT_EQ(world().stations().size(), 1u);
+    EXPECT_EQ(world().stations()[0].bss, 2u);
+    EXPECT_EQ(world().stations()[0].radio, 1u);
+}
+
+TEST_F(WpsTest, AStationJoinsAtItsTimeHoweverTimePasses)
+{
+    const auto joined = [this](int64_t stepMs) {
+        start(3);
+        enroll(kPin);
+        for (int64_t ms = 0; ms < 20'000; ms += stepMs) pass(stepMs);
+        const std::vector<Station> &stations = world().stations();
+        return stations.size() == 1 ? std::pair{stations[0].joinedAt, stations[0].counters.txBytes}
+                                    : std::pair{int64_t{-1}, uint64_t{0}};
+    };
+    const auto inSteps = joined(500);
+    EXPECT_EQ(inSteps.first, 4000) << "the step before the end of the enrollment";
+    EXPECT_GT(inSteps.second, 0u);
+    EXPECT_EQ(joined(20'000), inSteps);
+}
+
 TEST_F(WpsTest, TellsAPinThatIsWrongAndStartsNothing)
 {
     enroll(kPin, "12345671");

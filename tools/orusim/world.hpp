@@ -54,9 +54,9 @@ struct Station {
     Address address{};
     size_t bss = 0;
     size_t radio = 0;
-    uint16_t id = 0; // within its BSS and radio
-    int signal = 0;  // in dBm
-    int64_t joinedAt = 0;
+    uint16_t id = 0;                 // within its BSS and radio
+    int signal = 0;                  // in dBm
+    int64_t joinedAt = 0;            // the step before, in ms
     std::optional<int64_t> leavesAt; // stays when there is none
     Counters counters;
 
