@@ -2952,7 +2952,8 @@ ORUSDK_API uint32_t sendWscEnroll(uint32_t method, uint32_t radioIndex, uint32_t
  * Asks WSM for the result code of the last enrollment.
  * @param radioIndex sent as it is (the low 16 bits)
  * @param bssIndex   sent as it is (the low 16 bits)
- * @param result     receives the result code; untouched when no answer comes within 20 s
+ * @param result     receives the result code, also before a 119; untouched when no answer comes
+ * within 20 s
  * @retval 0   asked
  * @retval 2   result is NULL
  * @retval 48  WSM can't be reached, or its reply can't be received

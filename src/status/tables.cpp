@@ -92,6 +92,7 @@ bool takeText(const Element &element, char (&to)[Room])
     const size_t length = element.length() < Room ? element.length() : Room - 1;
     std::memcpy(to, element.value(), length);
     to[length] = '\0';
+    to[Room - 1] = '\0';
     return true;
 }
 

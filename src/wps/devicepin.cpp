@@ -101,7 +101,7 @@ uint32_t oruSdkGetDevicePin(int32_t bssIndex, char *pin, uint32_t *length)
     const char *stored = nullptr;
     const int32_t size =
         oruAsfDictGetDelimitedString(dict, Key{"bss%d.appinpasswd", bssIndex}, &stored, 0);
-    if (size < 0)
+    if (size < 0 || stored == nullptr)
         return fail(ORUSDK_RC_KEY_READ, "Unable to read AP pin from config file %s", kRadioFile);
     if (size > static_cast<int32_t>(kLongestStoredPin))
         return fail(ORUSDK_RC_LENGTH, "Invalid PIN length: %d\n", size);

@@ -16,8 +16,8 @@ long asLong(uint32_t value)
     return static_cast<int32_t>(value);
 }
 
-/// Appends what a method asks for. False when there is no such method, or the PIN is too long.
-bool addMethod(Request &request, uint32_t method, const char *pin)
+/// Appends what a method asks for. A method that is not known is refused without a line: intended.
+uint32_t addMethod(Request &request, uint32_t method, const char *pin)
 {
     constexpr uint32_t kPinElement = 0x0008000B;
     constexpr uint32_t kPushButtonElement = 0x0002000C;
@@ -25,12 +25,12 @@ bool addMethod(Request &request, uint32_t method, const char *pin)
     const size_t length = ::strnlen(pin, Request::kLongestText + 1);
     switch (method) {
     case 0:
-        if (length > Request::kLongestText) return false;
+        if (length > Request::kLongestText) return fail(ORUSDK_RC_WSM_REQUEST, "IPC Send failed");
         request.elementText(kPinElement, pin, static_cast<uint32_t>(length));
-        return true;
-    case 1: request.element16(kPushButtonElement, 1); return true;
-    case 2: request.element16(kEnrolleeElement, 1); return true;
-    default: return false;
+        return ORUSDK_RC_OK;
+    case 1: request.element16(kPushButtonElement, 1); return ORUSDK_RC_OK;
+    case 2: request.element16(kEnrolleeElement, 1); return ORUSDK_RC_OK;
+    default: return ORUSDK_RC_WSM_REQUEST;
     }
 }
 
@@ -77,7 +77,7 @@ uint32_t enroll(uint32_t method, uint16_t radio, uint16_t bss, const char *pin)
     if (const uint32_t code = wsm.open(port); code != 0) return code;
     Request request;
     request.number32(kReplyRoom).number16(radio).number16(bss);
-    if (!addMethod(request, method, pin)) return ORUSDK_RC_WSM_REQUEST; // without a line: intended
+    if (const uint32_t code = addMethod(request, method, pin); code != 0) return code;
     if (const uint32_t code = wsm.send(request.finish(kMessage)); code != 0) return code;
 
     Reply<kShortReply> reply;

@@ -215,6 +215,7 @@ TEST_F(Tables, ScanListPairsAddressAndText)
     EXPECT_THAT(scan->numEntries, ElementsAre(0, 0, 0, 2));
     EXPECT_STREQ(scan->entries[0].bssid, kText1);
     EXPECT_STREQ(scan->entries[0].ssid, "one");
+    EXPECT_EQ(scan->entries[0].ssid[32], '\0');
     EXPECT_STREQ(scan->entries[1].bssid, kText2);
     EXPECT_STREQ(scan->entries[1].ssid, std::string(32, 't').c_str());
     EXPECT_TRUE(untouched(scan->reserved) && untouched(scan->entries[0].reserved) &&

@@ -106,8 +106,9 @@ TEST_F(Show, AnIndexIsRefusedByTheLibraryAndNothingIsSent)
     EXPECT_EQ(run({"show", "stations", "-1", "0"}).exit, 2);
     EXPECT_THAT(wsm.requests(), IsEmpty());
     wsm.answer(273, {statistics("rx 1")});
-    EXPECT_EQ(run({"show", "stats", "256"}).exit, 0) << "the service's to refuse";
-    EXPECT_THAT(wsm.requests(), ElementsAre(Bytes{0x01, 0x11, 0, 6, 1, 0}));
+    EXPECT_EQ(run({"show", "stats", "256"}).exit, 2) << "never cut";
+    EXPECT_EQ(run({"show", "stats", "255"}).exit, 0) << "the service's to refuse";
+    EXPECT_THAT(wsm.requests(), ElementsAre(Bytes{0x01, 0x11, 0, 6, 255, 0}));
 }
 
 // ---- scan
@@ -206,7 +207,7 @@ TEST_F(Show, StatsOfARadioAreItsCounters)
                                                "\"big\"      9223372036854775808\n"
                                                "\"\\x1b[m\"   5\n"
                                                "\"last\"     -\n");
-    EXPECT_EQ(wsm.requests().at(0), (Bytes{0x01, 0x11, 0, 6, 0, 1}));
+    EXPECT_EQ(wsm.requests().at(0), (Bytes{0x01, 0x11, 0, 6, 1, 0}));
     const json object = jsonOf({"--json", "show", "stats", "1"}, 0);
     EXPECT_EQ(object["station"], nullptr);
     EXPECT_EQ(object["rows"][1], (json{{"counter", "tx"}, {"value", -3}}));

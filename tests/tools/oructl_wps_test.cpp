@@ -129,10 +129,12 @@ TEST_F(Wps, StatusWaitsForAnOutcome)
 
 TEST_F(Wps, StatusStopsWaitingInTheEnd)
 {
-    wsm.answer(kConfig, {status(3)});
+    wsm.answer(kConfig, {status(1)});
     const Transcript run = this->run({"wps", "status", "0", "1", "--wait", "1"});
     EXPECT_EQ(run.exit, 1);
-    EXPECT_EQ(run.err, "oructl: wps status 0 1: no outcome within 1 seconds; last result: 3\n");
+    EXPECT_EQ(
+        run.err,
+        "oructl: wps status 0 1: no outcome within 1 seconds; last result: in-progress (1)\n");
 }
 
 // ---- PIN

@@ -116,6 +116,15 @@ TEST_F(DevicePin, GetChecksPointersThenBssThenFileThenKey)
     EXPECT_EQ(length, 77u);
 }
 
+TEST_F(DevicePin, StatusWithoutATextCountsAsAMissingKey)
+{
+    standIn.failOnly("oruAsfDictGetDelimitedString");
+    standIn.failAt(1, 5);
+    EXPECT_EQ(oruSdkGetDevicePin(2, pin, &length), 42u);
+    EXPECT_LOGGED("Unable to read AP pin from config file /var/wsmDefaults");
+    EXPECT_EQ(length, 77u);
+}
+
 struct Password : AccessPointTest {};
 
 TEST_F(Password, GenerateAsksWsmAndStoresNothing)

@@ -50,6 +50,7 @@ TEST_F(Enroll, UnknownMethodIs48AfterTheConnectionWasMade)
 TEST_F(Enroll, TooLongPinIs48AndNothingIsSent)
 {
     EXPECT_EQ(sendWscEnroll(0, 0, 2, std::string(100000, '1').c_str()), 48u);
+    EXPECT_LOGGED("IPC Send failed");
     EXPECT_THAT(standIn.sent(), IsEmpty());
     EXPECT_EQ(sendWscEnroll(1, 0, 2, std::string(100000, '1').c_str()), 0u);
 }

@@ -10,13 +10,13 @@
 namespace oructl {
 namespace {
 
-/// The radio's index is the 16-bit field that the two selectors make.
+/// The first selector is the radio.
 template <class Record>
 uint32_t ask(uint32_t (*operation)(Record *), Wsm<Record> &record, const Value &radio,
              std::string &text, Answer &answer)
 {
-    record->selector1 = static_cast<uint8_t>(radio.number >> 8);
-    record->selector2 = static_cast<uint8_t>(radio.number);
+    record->selector1 = static_cast<uint8_t>(radio.number);
+    record->selector2 = 0;
     const uint32_t code = record.ask(operation);
     const Value answered = wsmText(record->statsStr);
     if (code == ORUSDK_RC_OK && !answered.given) answer.problem = kNoAnswer;
@@ -46,9 +46,13 @@ Value counterValue(std::string_view word)
 
 constexpr Field kName = {.name = "counter", .kind = Kind::Text};
 
+/// A radio that fits the selector.
+constexpr Operand kSelected = {
+    .label = kRadioOperand.label, .field = kRadioOperand.field, .holds = {0, UINT8_MAX}};
+
 constexpr Operand kGetOperands[] = {
     {.label = "NAME", .field = kName},
-    kRadioOperand,
+    kSelected,
     {.label = "STATION-MAC", .field = kStationOperand.field, .optional = true}};
 
 /// The counter of exactly this name. Otherwise what the library finds, which takes the end of a
@@ -106,7 +110,7 @@ constexpr Command kCommands[] = {
 } // namespace
 
 constexpr Operand kStatisticsOperands[2] = {
-    kRadioOperand, {.label = "STATION-MAC", .field = kStationOperand.field, .optional = true}};
+    kSelected, {.label = "STATION-MAC", .field = kStationOperand.field, .optional = true}};
 
 uint32_t askStatistics(const Value &radio, const Value &station, std::string &text, Answer &answer)
 {

@@ -62,7 +62,9 @@ int enroll(Request &request, const Command &command, const Arguments &arguments)
 
 // ---- Status
 
-constexpr Word kResultWords[] = {{"success", 0}, {"key-too-long", 200}, {"invalid-checksum", 201}};
+constexpr int64_t kInProgress = 1;
+constexpr Word kResultWords[] = {
+    {"success", 0}, {"in-progress", kInProgress}, {"key-too-long", 200}, {"invalid-checksum", 201}};
 constexpr Field kResultField = {.name = "result", .kind = Kind::Choice, .words = kResultWords};
 
 /// The result code of WSM; none when it left it out.
@@ -97,7 +99,7 @@ void sleepOneSecond()
     while (::nanosleep(&left, &left) != 0) {}
 }
 
-/// Asks until a result with a word comes: any other may be one of an enrollment in progress.
+/// Asks until a result comes that is not of an enrollment in progress.
 int waitForResult(Request &request, const Command &command, const Arguments &arguments)
 {
     const auto end = std::chrono::steady_clock::now() + std::chrono::seconds{*arguments.seconds};
@@ -105,7 +107,7 @@ int waitForResult(Request &request, const Command &command, const Arguments &arg
         Value result;
         if (const uint32_t code = askStatus(arguments, result); code != ORUSDK_RC_OK)
             return reportCommand(request, command, arguments, code);
-        const bool settled = result.given && !wordOf(kResultField, result.number).empty();
+        const bool settled = result.given && result.number != kInProgress;
         if (settled && result.number == 0) return showStatus(request, arguments, result);
         if (settled)
             return reportFailure(request, command, arguments,
