@@ -234,9 +234,10 @@ TEST_F(Oructl, CommitOfAllChecksTheSecurityAndCommitOfTheRadioDoesNot)
     set(kAa, "bss2.openAccessEnabled", "false");
     const Transcript all = run({"commit"});
     EXPECT_EQ(all.exit, 1);
-    EXPECT_EQ(all.err, "oructl: commit: failed: No security mode set (code 80); BSS 2 has no security "
-                       "mode; set one with: oructl set security 2 open (or wep, wpa, wpa2, "
-                       "wpa-mixed)\n");
+    EXPECT_EQ(all.err,
+              "oructl: commit: failed: No security mode set (code 80); BSS 2 has no security "
+              "mode; set one with: oructl set security 2 open (or wep, wpa, wpa2, "
+              "wpa-mixed)\n");
     EXPECT_EQ(jsonOf({"--json", "commit"}, 1)["error"]["code"], 80);
     EXPECT_EQ(run({"commit", "radio"}).exit, 0);
 }

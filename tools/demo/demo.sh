@@ -50,14 +50,28 @@ step 'Nothing reaches the radios until a commit; the services say what they took
 run oructl commit
 services 3
 
+step 'A channel: refused for a rule, with what to do about it; then set and applied'
+run oructl get channel 1
+run oructl set channel 1 52
+run oructl set radar-detect 1 off
+run oructl set channel 1 52
+run oructl commit
+services 5
+
 step 'One BSS back to its factory values, then everything'
+run oructl set ssid 1 'Lobby'
+run oructl get ssid 1
 run oructl reset bss 1
+run oructl get ssid 1
 run oructl reset all
 run oructl get mimo 0
 run oructl commit
-services 3
+services 5
 
-step 'Machine-readable'
+step 'What the access point says of itself'
+run oructl show radios
+run oructl show stations 0 0
+run oructl show scan
 run oructl get --json mimo 0
 
 stop_access_point

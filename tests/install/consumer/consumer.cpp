@@ -1,7 +1,7 @@
 /* Reads and changes a setting: exits 0 when the library answers as it should. */
-#include <oruSdk.h>
 #include <cstdio>
 #include <cstring>
+#include <oruSdk.h>
 
 int main()
 {
