@@ -91,7 +91,7 @@ TEST_F(RadioViews, SilentServiceLeavesZeros)
 
 TEST_F(RadioViews, CacheTakesTwoRadiosAndIgnoresTheRest)
 {
-    const Radio refused{"XXX", {}, 1, 60};
+    const Radio refused{"ZZ ", {}, 1, 60};
     standIn.replyWith(radioReply({{"USI"}, {"DEO"}, refused, {"JPI"}}));
     EXPECT_EQ(getRadioCountryCode(1, code), 0u);
     EXPECT_THAT(code, ElementsAre('D', 'E', 'O'));
