@@ -96,6 +96,7 @@ struct Item {
     std::string (*conflict)(const Call &call) = nullptr;
 
     std::string_view reads = {}; ///< keys that only the checks of a set read, between blanks
+    bool atOnce = false;         ///< a set reaches a driver or a service before the next commit
 };
 
 /// The families of items, in the order of help and list.

@@ -25,6 +25,7 @@ constexpr Item statusItem()
         "admin-status", kUpDown, "oruSdkGetAdminStatus oruSdkSetAdminStatus", "radio%d.adminStatus",
         "administrative status; a change acts at once, without a commit");
     item.reason = whyNotTold;
+    item.atOnce = true;
     return item;
 }
 

@@ -197,7 +197,8 @@ constexpr Item kItems[] = {
      .keys = "eth%d.pvid eth%d.vid0",
      .files = kRadioFile,
      .summary = "VLANs of an Ethernet port (vid0 to vid14)",
-     .conflict = boundedHere<kPortVlans>},
+     .conflict = boundedHere<kPortVlans>,
+     .atOnce = true},
 };
 
 } // namespace

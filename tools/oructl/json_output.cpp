@@ -165,6 +165,17 @@ std::string jsonSet(const Item &item, const Call &call)
     return line(object);
 }
 
+std::string jsonChanges(const std::vector<KeyChange> &changes)
+{
+    Json object = document();
+    object["dryRun"] = true;
+    Json list = Json::array();
+    for (const KeyChange &change : changes)
+        list.push_back({{"key", change.key}, {"file", change.file}});
+    object["changes"] = std::move(list);
+    return line(object);
+}
+
 std::string jsonAction(std::string_view verb, std::string_view target, std::optional<int64_t> index)
 {
     Json object = document();

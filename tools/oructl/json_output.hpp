@@ -4,6 +4,7 @@
 #include "catalogue.hpp"
 #include "request.hpp"
 #include "show.hpp"
+#include "transaction.hpp"
 #include "values.hpp"
 
 #include <optional>
@@ -15,6 +16,9 @@ namespace oructl {
 
 std::string jsonValue(const Item &item, const Call &call, Secrets secrets = Secrets::Masked);
 std::string jsonSet(const Item &item, const Call &call);
+
+/// The keys that a dry run would have changed.
+std::string jsonChanges(const std::vector<KeyChange> &changes);
 
 /// What commit and reset have done: {"reset":"bss","index":1}.
 std::string jsonAction(std::string_view verb, std::string_view target,

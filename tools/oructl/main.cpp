@@ -1,64 +1,14 @@
 // oructl: reads and changes the configuration of the access point from a command line.
 #include "complete.hpp"
+#include "options.hpp"
 #include "request.hpp"
-#include "values.hpp"
 
+#include <cstring>
 #include <fcntl.h>
-#include <getopt.h>
 #include <unistd.h>
 
 namespace oructl {
 namespace {
-
-enum OptionId : int { kJson = 1, kHelp, kVersion, kComplete, kShowSecrets, kInsecureArgv, kFile };
-
-const option kOptions[] = {{"json", no_argument, nullptr, kJson},
-                           {"help", no_argument, nullptr, kHelp},
-                           {"version", no_argument, nullptr, kVersion},
-                           {"complete", no_argument, nullptr, kComplete},
-                           {"show-secrets", no_argument, nullptr, kShowSecrets},
-                           {"insecure-argv", no_argument, nullptr, kInsecureArgv},
-                           {"secret-file", required_argument, nullptr, kFile},
-                           {nullptr, 0, nullptr, 0}};
-
-struct Options {
-    bool help = false;
-    bool version = false;
-    bool complete = false;
-    const char *unknown = nullptr;    ///< the first that is none
-    const char *incomplete = nullptr; ///< the one without its value
-};
-
-bool isNegativeNumber(std::string_view word)
-{
-    return word.size() > 1 && word[0] == '-' && word[1] >= '0' && word[1] <= '9';
-}
-
-/// Reads the options behind words[0], up to the first operand, and returns where that stands.
-int parseOptions(int count, char **words, Options &options, Request &request)
-{
-    ::opterr = 0;
-    ::optind = 0; // a new scan
-    int next = 1;
-    while (words[next] != nullptr && !options.complete && !isNegativeNumber(words[next])) {
-        const int id = ::getopt_long(count, words, "+:", kOptions, nullptr);
-        if (id == -1) return ::optind;
-        switch (id) {
-        case kJson: request.json = true; break;
-        case kHelp: options.help = true; break;
-        case kVersion: options.version = true; break;
-        case kComplete: options.complete = true; break;
-        case kShowSecrets: request.secrets = Secrets::Shown; break;
-        case kInsecureArgv: request.insecureArgv = true; break;
-        case kFile: request.secretFile = ::optarg; break;
-        case ':': options.incomplete = words[next]; break;
-        default:
-            if (options.unknown == nullptr) options.unknown = words[next];
-        }
-        next = ::optind;
-    }
-    return next;
-}
 
 int runVerb(Request &request, std::string_view name)
 {
@@ -77,15 +27,11 @@ int runVerbWithOptions(Request &request, int count, char **words)
 {
     request.verb = findVerb(words[0]);
     if (request.verb == nullptr) return reportUnknownVerb(request, words[0]);
-    Options options;
-    const int operand = parseOptions(count, words, options, request);
-    if (options.complete) options.unknown = "--complete";
-    if (options.unknown != nullptr)
-        return reportUsage(request, quoted(options.unknown) + " is no option of a verb");
-    if (options.incomplete != nullptr)
-        return reportUsage(request, std::string{options.incomplete} + " needs a value");
-    if (options.version) return runVerb(request, "version");
-    if (!options.help) {
+    int operand = 0;
+    const std::string problem = parseOptions(count, words, request.verb->options, request, operand);
+    if (!problem.empty()) return reportUsage(request, problem);
+    if (request.version) return runVerb(request, "version");
+    if (!request.help) {
         request.operands = Words{words + operand, static_cast<size_t>(count - operand)};
         return request.verb->run(request);
     }
@@ -96,18 +42,15 @@ int runVerbWithOptions(Request &request, int count, char **words)
 
 int run(Request &request, int count, char **words)
 {
-    Options options;
-    const int operand = count == 0 ? 0 : parseOptions(count, words, options, request);
-    if (options.unknown != nullptr)
-        return reportUsage(request, quoted(options.unknown) + " is no option");
-    if (options.incomplete != nullptr)
-        return reportUsage(request, std::string{options.incomplete} + " needs a value");
-    if (options.complete) {
-        request.output = completions(Words{words + operand, static_cast<size_t>(count - operand)});
+    if (count > 1 && std::strcmp(words[1], "--complete-args") == 0) {
+        request.output = completions(Words{words + 2, static_cast<size_t>(count - 2)});
         return kDone;
     }
-    if (options.help) return runVerb(request, "help");
-    if (options.version) return runVerb(request, "version");
+    int operand = count;
+    const std::string problem = count == 0 ? "" : parseOptions(count, words, {}, request, operand);
+    if (!problem.empty()) return reportUsage(request, problem);
+    if (request.help) return runVerb(request, "help");
+    if (request.version) return runVerb(request, "version");
     if (operand == count) return reportUsage(request, "VERB is missing");
     return runVerbWithOptions(request, count - operand, words + operand);
 }

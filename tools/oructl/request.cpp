@@ -11,9 +11,11 @@
 namespace oructl {
 namespace {
 
-int exitStatus(const Problem &problem)
+ExitStatus exitStatus(const Problem &problem)
 {
-    return problem.kind == "usage" ? kWrongUsage : kFailed;
+    if (problem.status != kDone) return problem.status;
+    if (problem.kind == "usage") return kWrongUsage;
+    return problem.code ? exitStatusOf(*problem.code) : kFailed;
 }
 
 std::string problemLine(const Problem &problem)
@@ -28,6 +30,13 @@ std::string problemLine(const Problem &problem)
 }
 
 } // namespace
+
+const char *Request::option(std::string_view name) const
+{
+    for (const GivenOption &given : options)
+        if (given.option->name == name) return given.value != nullptr ? given.value : "";
+    return nullptr;
+}
 
 int finish(Request &request, int status)
 {
@@ -64,7 +73,7 @@ int reportUsage(Request &request, std::string_view words, const std::string &mes
         .kind = "usage", .attempt = std::string{request.verb->name}, .message = message};
     if (!words.empty()) problem.attempt.append(" ").append(words);
     const int status = report(request, problem);
-    if (!request.json) std::fprintf(stderr, "usage: oructl [--json] %s\n", synopsis.c_str());
+    if (!request.json) std::fprintf(stderr, "usage: oructl [OPTION...] %s\n", synopsis.c_str());
     return status;
 }
 
@@ -80,7 +89,7 @@ int reportUnknown(Request &request, std::string_view what, std::string_view type
 
 std::string usageOf(const Verb *verb, const Item *item)
 {
-    std::string usage = "oructl [--json] ";
+    std::string usage = "oructl [OPTION...] ";
     if (verb == nullptr) return usage.append("VERB [ITEM] [INDEX] [VALUE...]");
     usage.append(verb->name);
     if (item == nullptr) {

@@ -2,7 +2,9 @@
 #pragma once
 
 #include "catalogue.hpp"
+#include "exit_status.hpp"
 #include "operands.hpp"
+#include "options.hpp"
 #include "values.hpp"
 
 #include <optional>
@@ -12,7 +14,7 @@
 
 namespace oructl {
 
-enum ExitStatus : int { kDone = 0, kFailed = 1, kWrongUsage = 2 };
+enum class Color : uint8_t { Auto, Always, Never };
 
 struct Verb;
 
@@ -20,10 +22,24 @@ struct Request {
     const Verb *verb = nullptr;
     Words operands = {};
     bool json = false;
+    bool terse = false;
+    const char *fields = nullptr; ///< the names of those to show, between commas; NULL: all
+    bool quiet = false;
+    bool dryRun = false;
+    bool yes = false;
+    bool force = false;
+    bool help = false;
+    bool version = false;
+    std::optional<int64_t> timeout = {}; ///< in seconds
+    Color color = Color::Auto;
     Secrets secrets = Secrets::Masked;
-    bool insecureArgv = false;        ///< secrets stand on the command line
-    const char *secretFile = nullptr; ///< where secrets are read from; NULL: standard input
-    std::string output = {};          ///< for standard output, written at the end
+    bool insecureArgv = false;             ///< secrets stand on the command line
+    const char *secretFile = nullptr;      ///< where secrets are read from; NULL: standard input
+    std::vector<GivenOption> options = {}; ///< those of the verb alone
+    std::string output = {};               ///< for standard output, written at the end
+
+    /// The value of an option of the verb, empty for one that stands alone; NULL when not given.
+    [[nodiscard]] const char *option(std::string_view name) const;
 };
 
 struct Verb {
@@ -32,6 +48,7 @@ struct Verb {
     std::string_view summary;
     std::string_view details;
     int (*run)(Request &);
+    std::span<const Option> options = {}; ///< of this verb alone
 };
 
 std::span<const Verb> verbs();
@@ -47,7 +64,8 @@ struct Problem {
     std::string attempt = {};         ///< "set tx-power 0 9"
     std::optional<int64_t> code = {}; ///< of the operation that failed
     std::string message;
-    std::string detail = {}; ///< what is legal, or where to look
+    std::string detail = {};   ///< what is legal, or where to look
+    ExitStatus status = kDone; ///< kDone: what the kind and the code stand for
 };
 
 /// Reports a problem and yields its exit status: a line on standard error or, with --json, an error
@@ -65,7 +83,7 @@ int reportUsage(Request &request, std::string_view words, const std::string &mes
 int reportUnknown(Request &request, std::string_view what, std::string_view typed,
                   const std::vector<std::string_view> &names);
 
-/// "oructl [--json] set tx-power RADIO VALUE".
+/// "oructl [OPTION...] set tx-power RADIO VALUE".
 std::string usageOf(const Verb *verb, const Item *item = nullptr);
 
 /// The verb and its operands as they were typed, printable.

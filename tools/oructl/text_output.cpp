@@ -57,6 +57,20 @@ void addEntry(std::string &out, std::string_view label, std::string_view text)
     out.append(text).append("\n");
 }
 
+/// "--timeout SECONDS" and what it does, one option a line.
+std::string textOptions(std::span<const Option> options)
+{
+    constexpr size_t kWidth = 20;
+    std::string out;
+    for (const Option &option : options) {
+        std::string name = "--" + std::string{option.name};
+        if (option.value != nullptr) name.append(" ").append(option.value);
+        out.append("  ").append(name).append(std::max(kWidth, name.size() + 1) - name.size(), ' ');
+        out.append(option.summary).append("\n");
+    }
+    return out;
+}
+
 } // namespace
 
 std::string textValue(const Item &item, const Call &call, Secrets secrets)
@@ -105,22 +119,20 @@ std::string textOverview()
         out.append(width + 2 - verb.name.size() - verb.operands.size(), ' ');
         out.append(verb.summary).append("\n");
     }
-    return out += "\nOptions, before the verb or right behind it:\n"
-                  "  --json           output as one line of JSON, failures too\n"
-                  "  --show-secrets   shows PINs and keys, which are masked otherwise\n"
-                  "  --secret-file F  reads secrets from F, one a line, not from standard input\n"
-                  "  --insecure-argv  takes secrets from the command line, where others see them\n"
-                  "  --help           this text, or the help of the verb\n"
-                  "  --version        the versions of oructl and of the library\n"
-                  "\nA change waits in the files until 'oructl commit'.\n"
-                  "'oructl list' shows the items, 'oructl help ITEM' one of them.\n"
-                  "Exit status: 0 done, 1 refused or failed, 2 wrong command line.\n";
+    out += "\nOptions, before the verb or right behind it:\n" + textOptions(globalOptions());
+    out += "\nA change waits in the files until 'oructl commit'.\n"
+           "'oructl list' shows the items, 'oructl help ITEM' one of them.\n\nExit status:\n";
+    for (const ExitMeaning &each : exitMeanings())
+        addEntry(out, std::to_string(each.status), each.meaning);
+    return out;
 }
 
 std::string textHelp(const Verb &verb)
 {
     std::string out = "usage: " + usageOf(&verb) + "\n\n";
-    return out.append(verb.details).append("\n").append(textCommands(verb));
+    out.append(verb.details).append("\n");
+    if (!verb.options.empty()) out.append("\nOptions:\n").append(textOptions(verb.options));
+    return out.append(textCommands(verb));
 }
 
 std::string textHelp(const Item &item)

@@ -7,6 +7,7 @@
 #include "request.hpp"
 #include "show.hpp"
 #include "text_output.hpp"
+#include "transaction.hpp"
 #include "values.hpp"
 
 namespace oructl {
@@ -31,7 +32,7 @@ bool concernsStorage(uint32_t code)
            code == ORUSDK_RC_KEY_READ || code == kLibraryFailed;
 }
 
-/// "done before: WEP switched off".
+/// "done before: the driver was told": a set that acts at once can't be taken back.
 std::string stepsDone(const Call &call)
 {
     std::string out;
@@ -81,12 +82,22 @@ int reportCall(Request &request, const Item &item, Use verb, uint32_t code, cons
     const bool refused = !illegal.empty() || (!detail.empty() && !concernsOthers(code));
     if (detail.empty() && concernsStorage(code))
         detail = whereStored(item, call, verb == Use::Set ? item.reads : "");
-    if (!call.steps.empty()) detail.insert(0, stepsDone(call) + (detail.empty() ? "" : "; "));
+    if (item.atOnce && !call.steps.empty())
+        detail.insert(0, stepsDone(call) + (detail.empty() ? "" : "; "));
     return report(request, {.kind = refused ? "refused" : "failed",
                             .attempt = attempt(request, item, call),
                             .code = code,
                             .message = messageLine(code),
                             .detail = detail});
+}
+
+int reportTrouble(Request &request, const std::string &attempt, const Trouble &trouble)
+{
+    return report(request, {.kind = "failed",
+                            .attempt = attempt,
+                            .message = trouble.message,
+                            .detail = trouble.detail,
+                            .status = trouble.status});
 }
 
 int reportCode(Request &request, uint32_t code, const std::string &detail = "")
@@ -96,6 +107,27 @@ int reportCode(Request &request, uint32_t code, const std::string &detail = "")
                             .code = code,
                             .message = messageLine(code),
                             .detail = detail});
+}
+
+int64_t patienceMs(const Request &request)
+{
+    return request.timeout ? *request.timeout * 1000 : Lock::kPatienceMs;
+}
+
+/// What a dry run would have stored.
+void showChanges(Request &request, const std::vector<KeyChange> &changes)
+{
+    if (request.json) {
+        request.output = jsonChanges(changes);
+        return;
+    }
+    if (changes.empty() && !request.quiet) request.output = "would change nothing\n";
+    for (const KeyChange &change : changes)
+        request.output.append("would change ")
+            .append(printable(change.key))
+            .append(" of ")
+            .append(change.file)
+            .append("\n");
 }
 
 /// The item and call of a get or set; NULL after a report of what is wrong, with the exit status.
@@ -140,14 +172,42 @@ int runGet(Request &request)
     return kDone;
 }
 
+/// Stores a value that reaches its driver or service in the same moment: there is no trying it out.
+int setAtOnce(Request &request, const Item &item, const Call &call)
+{
+    if (request.dryRun)
+        return reportUsage(request, std::string{item.name} + " acts at once: it can't be tried");
+    Lock lock;
+    if (const auto trouble = lock.take(patienceMs(request)))
+        return reportTrouble(request, attempt(request, item, call), *trouble);
+    if (const uint32_t code = item.set(call); code != ORUSDK_RC_OK)
+        return reportCall(request, item, Use::Set, code, call);
+    return kDone;
+}
+
+int setInTransaction(Request &request, const Item &item, const Call &call)
+{
+    Transaction change{request.dryRun ? Transaction::Kind::DryRun : Transaction::Kind::Real};
+    auto trouble = change.begin(patienceMs(request));
+    if (!trouble) {
+        if (const uint32_t code = item.set(call); code != ORUSDK_RC_OK)
+            return reportCall(request, item, Use::Set, code, call);
+        trouble = change.finish(request.force);
+    }
+    if (trouble) return reportTrouble(request, attempt(request, item, call), *trouble);
+    if (request.dryRun) showChanges(request, change.changes());
+    return kDone;
+}
+
 int runSet(Request &request)
 {
     Call call;
     int status = kDone;
     const Item *item = parseCall(request, Use::Set, call, status);
     if (item == nullptr) return status;
-    if (const uint32_t code = item->set(call); code != ORUSDK_RC_OK)
-        return reportCall(request, *item, Use::Set, code, call);
+    status =
+        item->atOnce ? setAtOnce(request, *item, call) : setInTransaction(request, *item, call);
+    if (status != kDone || request.dryRun || request.quiet) return status;
     request.output = request.json ? jsonSet(*item, call) : textSteps(*item, call);
     return kDone;
 }

@@ -1,0 +1,154 @@
+#include "scratch.hpp"
+
+#include "state.hpp"
+
+#include <algorithm>
+#include <cerrno>
+#include <csignal>
+#include <cstdlib>
+#include <dirent.h>
+#include <fcntl.h>
+#include <memory>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <vector>
+
+namespace oructl {
+namespace {
+
+constexpr int kSignals[] = {SIGINT, SIGTERM, SIGHUP, SIGQUIT};
+
+/// What the handler of signals removes, files before their folders. It changes while they are
+/// blocked.
+std::vector<std::string> leftovers;
+
+void removeLeftovers()
+{
+    for (const std::string &path : leftovers)
+        if (::unlink(path.c_str()) != 0) (void)::rmdir(path.c_str());
+}
+
+/// Calls nothing but what a handler may.
+void cleanUp(int signal)
+{
+    removeLeftovers();
+    ::signal(signal, SIG_DFL);
+    ::raise(signal);
+}
+
+class BlockedSignals {
+public:
+    BlockedSignals()
+    {
+        sigset_t set;
+        ::sigemptyset(&set);
+        for (const int each : kSignals) ::sigaddset(&set, each);
+        ::sigprocmask(SIG_BLOCK, &set, &before_);
+    }
+    ~BlockedSignals() { ::sigprocmask(SIG_SETMASK, &before_, nullptr); }
+    BlockedSignals(const BlockedSignals &) = delete;
+    BlockedSignals &operator=(const BlockedSignals &) = delete;
+
+private:
+    sigset_t before_;
+};
+
+void removeLater(std::string path)
+{
+    const BlockedSignals blocked;
+    leftovers.insert(leftovers.begin(), std::move(path));
+}
+
+void catchSignals()
+{
+    struct sigaction action = {};
+    action.sa_handler = cleanUp;
+    action.sa_flags = SA_RESTART | SA_NODEFER;
+    for (const int each : kSignals) {
+        struct sigaction before = {};
+        if (::sigaction(each, nullptr, &before) == 0 && before.sa_handler == SIG_DFL)
+            ::sigaction(each, &action, nullptr);
+    }
+}
+
+/// Memory, where there is a folder of it.
+std::string parentFolder()
+{
+    const char *const wanted = std::getenv("TMPDIR");
+    if (wanted != nullptr && wanted[0] == '/') return wanted;
+    return ::access("/dev/shm", W_OK | X_OK) == 0 ? "/dev/shm" : "/tmp";
+}
+
+bool isCopied(std::string_view name)
+{
+    return std::any_of(kConfigurationFiles.begin(), kConfigurationFiles.end(),
+                       [&](std::string_view file) { return file.substr(5) == name; });
+}
+
+} // namespace
+
+Scratch::Scratch()
+{
+    const std::string original = rootFolder();
+    std::string pattern = parentFolder() + "/oructl.XXXXXX";
+    if (::mkdtemp(pattern.data()) == nullptr) return;
+    root_ = std::move(pattern);
+    catchSignals();
+    removeLater(root_);
+    const std::string var = root_ + "/var";
+    if (::mkdir(var.c_str(), 0700) != 0) return;
+    removeLater(var);
+    made_ = link(original, "/run") && link(original, "/config") && linkFilesOf(original);
+    for (const char *const file : kConfigurationFiles) {
+        const auto text = readFile(original + file);
+        if (text) made_ = made_ && write(file, *text);
+    }
+}
+
+Scratch::~Scratch()
+{
+    const BlockedSignals blocked;
+    removeLeftovers();
+    leftovers.clear();
+}
+
+bool Scratch::link(const std::string &original, const char *name)
+{
+    const std::string path = root_ + name;
+    if (::symlink((original + name).c_str(), path.c_str()) != 0) return false;
+    removeLater(path);
+    return true;
+}
+
+bool Scratch::linkFilesOf(const std::string &original)
+{
+    const std::unique_ptr<DIR, int (*)(DIR *)> var{::opendir((original + "/var").c_str()),
+                                                   ::closedir};
+    if (var == nullptr) return true; // the library will say so
+    while (const dirent *entry = ::readdir(var.get())) {
+        const std::string_view name = entry->d_name;
+        if (name.starts_with('.') || name == "oructl" || isCopied(name)) continue;
+        if (!link(original, ("/var/" + std::string{name}).c_str())) return false;
+    }
+    return true;
+}
+
+bool Scratch::write(const char *file, const std::string &text)
+{
+    const std::string path = root_ + file;
+    const std::string name = path.substr(path.rfind('/') + 1);
+    removeLater(root_ + "/var/." + name + ".new"); // the library's, of a save cut short
+    removeLater(path);
+    const int fd = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
+    if (fd < 0) return false;
+    size_t done = 0;
+    while (done < text.size()) {
+        const ssize_t wrote = ::write(fd, text.data() + done, text.size() - done);
+        if (wrote < 0 && errno == EINTR) continue;
+        if (wrote <= 0) break;
+        done += static_cast<size_t>(wrote);
+    }
+    return ::close(fd) == 0 && done == text.size();
+}
+
+} // namespace oructl

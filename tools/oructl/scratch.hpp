@@ -1,0 +1,33 @@
+// A copy of the access point's configuration for this process alone, where changes are tried.
+#pragma once
+
+#include <string>
+
+namespace oructl {
+
+/// A root folder with copies of the configuration files and links to everything else that the
+/// library reads. It lies in memory where there is a folder of it, so that trying costs no flash,
+/// and goes with this object, also when a signal ends the process.
+class Scratch {
+public:
+    /// Of the access point below the root folder; a file that can't be read is missing in it.
+    Scratch();
+    ~Scratch();
+    Scratch(const Scratch &) = delete;
+    Scratch &operator=(const Scratch &) = delete;
+
+    [[nodiscard]] explicit operator bool() const { return made_; }
+    [[nodiscard]] const std::string &root() const { return root_; }
+
+    /// Puts a text into a file of it.
+    bool write(const char *file, const std::string &text);
+
+private:
+    bool link(const std::string &original, const char *name);
+    bool linkFilesOf(const std::string &original);
+
+    std::string root_;
+    bool made_ = false;
+};
+
+} // namespace oructl

@@ -1,0 +1,175 @@
+#include "transaction.hpp"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <ctime>
+#include <fcntl.h>
+#include <map>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace oructl {
+namespace {
+
+// Several files are put in place in steps that a cut of the power may part. So they first stand
+// whole in a folder, and whoever takes the lock next finishes what its name promises.
+constexpr const char *kGathering = "/var/oructl/install.new";
+constexpr const char *kPromised = "/var/oructl/install";
+constexpr const char *kKept = "/var/oructl/install.done";
+
+std::string nameOf(const char *file)
+{
+    return std::strrchr(file, '/');
+}
+
+bool installFrom(const std::string &root, const char *folder)
+{
+    for (const char *const file : kConfigurationFiles) {
+        const std::string copy = folder + nameOf(file);
+        if (::access((root + copy).c_str(), F_OK) != 0) continue;
+        if (!copyDictionary(root, copy, root, file)) return false;
+    }
+    return true;
+}
+
+/// Puts promised files in place. What was not promised yet, or is done, goes.
+bool keepPromise()
+{
+    const std::string root = rootFolder();
+    removeFolder(root + kGathering);
+    removeFolder(root + kKept);
+    if (::access((root + kPromised).c_str(), F_OK) != 0) return true;
+    if (!installFrom(root, kPromised)) return false;
+    if (::rename((root + kPromised).c_str(), (root + kKept).c_str()) != 0) return false;
+    if (!syncFolder(root + std::string{kOwnFolder})) return false;
+    removeFolder(root + kKept);
+    return true;
+}
+
+int64_t nowMs()
+{
+    timespec now = {};
+    ::clock_gettime(CLOCK_MONOTONIC, &now);
+    return int64_t{now.tv_sec} * 1000 + now.tv_nsec / 1000000;
+}
+
+/// The line that sets a key, by its key. Of a key that stands twice the last one counts.
+std::map<std::string_view, std::string_view> linesOf(std::string_view text)
+{
+    std::map<std::string_view, std::string_view> lines;
+    while (!text.empty()) {
+        const std::string_view line = text.substr(0, text.find('\n'));
+        text.remove_prefix(std::min(line.size() + 1, text.size()));
+        const size_t equals = line.find('=');
+        if (equals != line.npos && !line.starts_with('#')) lines[line.substr(0, equals)] = line;
+    }
+    return lines;
+}
+
+} // namespace
+
+Trouble systemTrouble(const std::string &what, int error)
+{
+    const bool forbidden = error == EACCES || error == EPERM;
+    return {forbidden ? kNoPermission : kFileFailed, "can't " + what + ": " + std::strerror(error)};
+}
+
+Lock::~Lock()
+{
+    if (fd_ >= 0) ::close(fd_);
+}
+
+std::optional<Trouble> Lock::take(int64_t patienceMs)
+{
+    if (!makeOwnFolder()) return systemTrouble("make the folder " + std::string{kOwnFolder}, errno);
+    const std::string path = rootFolder().append(kOwnFolder) + "/lock";
+    fd_ = ::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600);
+    if (fd_ < 0) return systemTrouble("open the lock", errno);
+    const int64_t end = nowMs() + patienceMs;
+    while (::flock(fd_, LOCK_EX | LOCK_NB) != 0) {
+        if (errno != EWOULDBLOCK && errno != EINTR) return systemTrouble("lock", errno);
+        if (nowMs() >= end)
+            return Trouble{kConflict, "another oructl is changing the configuration",
+                           "try again, or wait longer with --timeout SECONDS"};
+        const timespec pause = {0, 2000000};
+        ::nanosleep(&pause, nullptr);
+    }
+    if (!keepPromise()) return systemTrouble("finish an interrupted change", errno);
+    return std::nullopt;
+}
+
+Transaction::~Transaction()
+{
+    if (scratch_) setRootFolder(root_);
+}
+
+std::optional<Trouble> Transaction::begin(int64_t patienceMs)
+{
+    if (kind_ == Kind::Real)
+        if (auto trouble = lock_.take(patienceMs)) return trouble;
+    root_ = rootFolder();
+    scratch_.emplace();
+    if (!*scratch_) {
+        const int error = errno;
+        scratch_.reset();
+        return systemTrouble("copy the configuration", error);
+    }
+    setRootFolder(scratch_->root());
+    for (size_t i = 0; i < kFiles; ++i)
+        before_[i] = readFile(scratch_->root() + kConfigurationFiles[i]);
+    return std::nullopt;
+}
+
+std::optional<Trouble> Transaction::finish(bool force)
+{
+    setRootFolder(root_);
+    std::vector<size_t> changed;
+    for (size_t i = 0; i < kFiles; ++i) {
+        const char *const file = kConfigurationFiles[i];
+        const auto after = readFile(scratch_->root() + file);
+        if (after == before_[i]) continue;
+        changed.push_back(i);
+        const auto keys = changedKeys(before_[i].value_or(""), after.value_or(""), file);
+        changes_.insert(changes_.end(), keys.begin(), keys.end());
+        if (kind_ == Kind::Real && !force && readFile(root_ + file) != before_[i])
+            return Trouble{kConflict, std::string{file} + " was changed meanwhile",
+                           "nothing is stored; try again, or overwrite with --force"};
+    }
+    if (kind_ == Kind::Real && !install(changed)) return systemTrouble("store the change", errno);
+    return std::nullopt;
+}
+
+bool Transaction::install(const std::vector<size_t> &files)
+{
+    if (files.empty()) return true;
+    const std::string &scratch = scratch_->root();
+    if (files.size() == 1) {
+        const char *const file = kConfigurationFiles[files[0]];
+        return copyDictionary(scratch, file, root_, file);
+    }
+    if (::mkdir((root_ + kGathering).c_str(), 0700) != 0) return false;
+    for (const size_t i : files) {
+        const char *const file = kConfigurationFiles[i];
+        if (!copyDictionary(scratch, file, root_, kGathering + nameOf(file))) return false;
+    }
+    if (::rename((root_ + kGathering).c_str(), (root_ + kPromised).c_str()) != 0) return false;
+    return syncFolder(root_ + std::string{kOwnFolder}) && keepPromise();
+}
+
+std::vector<KeyChange> changedKeys(const std::string &before, const std::string &after,
+                                   const std::string &file)
+{
+    const auto old = linesOf(before);
+    const auto now = linesOf(after);
+    std::vector<KeyChange> changes;
+    for (const auto &[key, line] : now)
+        if (const auto found = old.find(key); found == old.end() || found->second != line)
+            changes.push_back({std::string{key}, file});
+    for (const auto &[key, line] : old)
+        if (!now.contains(key)) changes.push_back({std::string{key}, file});
+    return changes;
+}
+
+} // namespace oructl
