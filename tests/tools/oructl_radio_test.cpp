@@ -960,7 +960,7 @@ TEST_P(EachRefusal, SaysWhatToChangeAndChangesNothing)
     const std::string before = read(kWsm);
     Arguments words = wordsOf(row.call);
     const Transcript text = run(words);
-    EXPECT_EQ(text.exit, 1);
+    EXPECT_EQ(text.exit, exitOfRefusal(row.code, row.detail));
     EXPECT_EQ(text.out, "");
     const std::string code = "(code " + std::to_string(row.code) + ")";
     EXPECT_THAT(text.err, testing::EndsWith(*row.detail == '\0' ? code + "\n"
@@ -1151,7 +1151,7 @@ TEST_F(RadioItems, RadarChannelsAreWrittenToTheirOwnFile)
 {
     constexpr const char *kList = "/config/wsmSavedRadarDetectList";
     const Transcript missing = run({"set", "radar-channels", "52"});
-    EXPECT_EQ(missing.exit, 1);
+    EXPECT_EQ(missing.exit, 7);
     EXPECT_THAT(missing.err, HasSubstr("(code 7); key rdrChans of " + std::string(kList)));
     EXPECT_EQ(run({"get", "radar-channels"}).exit, 2);
 
@@ -1193,7 +1193,7 @@ TEST_F(RadioItems, TheRateOfTheOtherFamilyHasNoWord)
 TEST_F(RadioItems, CompletionOffersWordsAndOptions)
 {
     const auto candidates = [this](Arguments words) {
-        words.insert(words.begin(), "--complete");
+        words.insert(words.begin(), "--complete-args");
         return run(words).out;
     };
     EXPECT_EQ(candidates({"set", "channel-set", "0"}), "any\n2.4ghz\n5ghz\n");

@@ -114,6 +114,14 @@ Transcript OructlTest::run(const Arguments &arguments, Stdout where) const
     return runWith(-1, arguments, where);
 }
 
+int exitOfRefusal(int code, const std::string &reason)
+{
+    constexpr int kNotFound = 10;
+    constexpr int kIncomplete = 6;
+    if (reason.starts_with("BSS is ") || reason.starts_with("RADIO is ")) return kNotFound;
+    return code == 72 || code == 73 || code == 74 || code == 80 || code == 81 ? kIncomplete : 1;
+}
+
 Transcript OructlTest::runWithInput(const std::string &input, const Arguments &arguments) const
 {
     std::array<int, 2> in{};

@@ -19,6 +19,9 @@ struct Transcript {
     std::string err;
 };
 
+/// The exit status of a call that the library refused for this reason.
+int exitOfRefusal(int code, const std::string &reason);
+
 /// Where standard output goes.
 enum class Stdout { Pipe, Full, Closed };
 

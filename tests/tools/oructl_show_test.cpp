@@ -254,12 +254,12 @@ TEST_F(Show, StatsGetOfNoCounterIsAFailure)
 {
     wsm.answer(273, {statistics("rxBytes 10 gap")});
     const Transcript run = this->run({"stats", "get", "rxByte", "0"});
-    EXPECT_EQ(run.exit, 1);
+    EXPECT_EQ(run.exit, 10);
     EXPECT_EQ(run.err, "oructl: stats get rxByte 0: no counter is called 'rxByte'; did you mean "
                        "'rxBytes'?\n");
-    EXPECT_EQ(this->run({"stats", "get", "gap", "0"}).exit, 1) << "without a value";
-    EXPECT_EQ(this->run({"stats", "get", "", "0"}).exit, 1);
-    EXPECT_EQ(jsonOf({"--json", "stats", "get", "none", "0"}, 1)["error"]["code"], nullptr);
+    EXPECT_EQ(this->run({"stats", "get", "gap", "0"}).exit, 10) << "without a value";
+    EXPECT_EQ(this->run({"stats", "get", "", "0"}).exit, 10);
+    EXPECT_EQ(jsonOf({"--json", "stats", "get", "none", "0"}, 10)["error"]["code"], nullptr);
 }
 
 // ---- failures
@@ -313,7 +313,7 @@ TEST_F(Show, SilenceIsAFailureAndNoEmptyList)
         threads.emplace_back([&, i] { runs[i] = run(silent[i]); });
     for (std::thread &thread : threads) thread.join();
     for (const Transcript &run : runs) {
-        EXPECT_EQ(run.exit, 1);
+        EXPECT_EQ(run.exit, 3);
         EXPECT_EQ(run.out, "");
         EXPECT_THAT(run.err, HasSubstr("20 seconds\n"));
     }
@@ -348,7 +348,7 @@ TEST_F(WithoutService, ARadioThatCannotBeToldKeepsWhatIsStored)
          {Arguments{"radio", "down", "0"}, Arguments{"set", "admin-status", "0", "down"}}) {
         set(kWsm, "radio0.adminStatus", "1");
         const Transcript run = this->run(arguments);
-        EXPECT_EQ(run.exit, 1);
+        EXPECT_EQ(run.exit, 4);
         EXPECT_THAT(run.err, HasSubstr("(code 48); stored, but the radio service could not be "));
         EXPECT_EQ(value(kWsm, "radio0.adminStatus"), "0");
     }
@@ -380,12 +380,12 @@ TEST_F(WithoutService, WrongCommandLinesNameWhatIsWrong)
         EXPECT_EQ(run.exit, 2);
         EXPECT_EQ(run.out, "");
         EXPECT_THAT(run.err, HasSubstr(message));
-        EXPECT_THAT(run.err, HasSubstr("\nusage: oructl [--json] "));
+        EXPECT_THAT(run.err, HasSubstr("\nusage: oructl [OPTION...] "));
     };
     expect({"show"}, "show: VIEW is missing");
     expect({"show", "station"}, "no view is called 'station'; did you mean stations?");
     expect({"show", "stations"}, "show stations: RADIO is missing");
-    expect({"show", "stations", "0"}, "BSS is missing\nusage: oructl [--json] show stations RADIO "
+    expect({"show", "stations", "0"}, "BSS is missing\nusage: oructl [OPTION...] show stations RADIO "
                                       "BSS [--watch [SECONDS]]\n");
     expect({"show", "stations", "0", "--watch"}, "'--watch' is no number of a BSS");
     expect({"show", "stations", "0", "0", "1"}, "'1' is one operand too many");
@@ -396,7 +396,7 @@ TEST_F(WithoutService, WrongCommandLinesNameWhatIsWrong)
     expect({"show", "scan", "--wait"}, "'--wait' is one operand too many");
     expect({"radio"}, "radio: up or down is missing");
     expect({"radio", "of", "0"}, "no command of radio is called 'of'; did you mean up?");
-    expect({"radio", "up"}, "radio up: RADIO is missing\nusage: oructl [--json] radio up RADIO\n");
+    expect({"radio", "up"}, "radio up: RADIO is missing\nusage: oructl [OPTION...] radio up RADIO\n");
     expect({"disassoc"}, "disassoc: STATION-MAC is missing");
     expect({"wps"}, "enroll pin, enroll pbc,");
     expect({"wps", "enroll"}, "no command of wps is called 'enroll'");
@@ -408,7 +408,7 @@ TEST_F(WithoutService, WrongCommandLinesNameWhatIsWrong)
 TEST_F(WithoutService, CompletionKnowsViewsAndCommands)
 {
     const auto candidates = [this](Arguments words) {
-        words.insert(words.begin(), "--complete");
+        words.insert(words.begin(), "--complete-args");
         return run(words).out;
     };
     EXPECT_EQ(candidates({"show"}), "radios\nbss-list\nstations\nscan\nstats\n--json\n--help\n");

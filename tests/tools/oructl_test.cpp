@@ -48,7 +48,7 @@ protected:
         SCOPED_TRACE(testing::PrintToString(arguments));
         const std::string before = read(kWsm);
         const Transcript run = this->run(arguments);
-        EXPECT_EQ(run.exit, 1);
+        EXPECT_EQ(run.exit, exitOfRefusal(code, legal));
         EXPECT_EQ(run.out, "");
         EXPECT_THAT(run.err, HasSubstr("(code " + std::to_string(code) + "); " + legal + "\n"));
         EXPECT_EQ(read(kWsm), before);
@@ -161,7 +161,7 @@ TEST_F(Oructl, AMissingFileIsNamed)
 {
     remove(kWsm);
     const Transcript run = this->run({"get", "tx-power", "1"});
-    EXPECT_EQ(run.exit, 1);
+    EXPECT_EQ(run.exit, 7);
     EXPECT_EQ(run.err, "oructl: get tx-power 1: failed: Error in reading configuration file (code "
                        "7); key radio1.txPower of /var/wsmDefaults\n");
 }
@@ -195,8 +195,8 @@ TEST_F(Oructl, OptionsStandBeforeTheVerbOrRightBehindIt)
 TEST_F(Oructl, UnknownOptionsAreRefused)
 {
     expectUsageError({"--bogus"}, "'--bogus' is no option");
-    expectUsageError({"get", "--bogus", "mimo", "0"}, "'--bogus' is no option of a verb");
-    expectUsageError({"get", "--complete"}, "'--complete' is no option of a verb");
+    expectUsageError({"get", "--bogus", "mimo", "0"}, "'--bogus' is no option");
+    expectUsageError({"get", "--complete-args"}, "'--complete-args' is no option");
     expectUsageError({"--json=1", "get", "mimo", "0"}, "'--json=1' is no option");
     expectUsageError({"-x"}, "'-x' is no option");
     EXPECT_EQ(jsonOf({"--bogus", "--json"}, 2)["error"]["kind"], "usage");
@@ -233,12 +233,12 @@ TEST_F(Oructl, CommitOfAllChecksTheSecurityAndCommitOfTheRadioDoesNot)
 {
     set(kAa, "bss2.openAccessEnabled", "false");
     const Transcript all = run({"commit"});
-    EXPECT_EQ(all.exit, 1);
+    EXPECT_EQ(all.exit, 6);
     EXPECT_EQ(all.err,
               "oructl: commit: failed: No security mode set (code 80); BSS 2 has no security "
               "mode; set one with: oructl set security 2 open (or wep, wpa, wpa2, "
               "wpa-mixed)\n");
-    EXPECT_EQ(jsonOf({"--json", "commit"}, 1)["error"]["code"], 80);
+    EXPECT_EQ(jsonOf({"--json", "commit"}, 6)["error"]["code"], 80);
     EXPECT_EQ(run({"commit", "radio"}).exit, 0);
 }
 
@@ -256,7 +256,7 @@ TEST_F(Oructl, ResetAllWithoutFactoryFilesFails)
 {
     remove(kWsmFactory);
     const Transcript run = this->run({"reset", "all"});
-    EXPECT_EQ(run.exit, 1);
+    EXPECT_EQ(run.exit, 7);
     EXPECT_THAT(run.err, HasSubstr("oructl: reset all: failed: Failed to copy configuration file "
                                    "(code 58)\n"));
 }
@@ -372,7 +372,7 @@ TEST_F(Oructl, VersionNamesTheLibraryToo)
 TEST_F(Oructl, CompletionOffersWhatCanFollow)
 {
     const auto candidates = [this](Arguments words) {
-        words.insert(words.begin(), "--complete");
+        words.insert(words.begin(), "--complete-args");
         return run(words).out;
     };
     EXPECT_THAT(candidates({}), HasSubstr("get\nset\ncommit\n"));
@@ -413,7 +413,7 @@ TEST_F(Oructl, AClosedStandardOutputIsAFailureAndHarmsNoFile)
 
 TEST_F(Oructl, AClosedStandardOutputIsHeldSoThatNoOtherFileTakesItsNumber)
 {
-    standIn("cp", R"(held=$(readlink /proc/$$/fd/1); echo "$held" > "$ORU_ROOT/held")");
+    standIn("cp", "held=$(readlink /proc/$$/fd/1); echo \"$held\" > '" + root() + "/held'");
     EXPECT_EQ(run({"reset", "all"}, Stdout::Closed).exit, 0);
     EXPECT_EQ(read("/held"), "/dev/null\n");
 }

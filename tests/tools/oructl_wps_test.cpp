@@ -131,7 +131,7 @@ TEST_F(Wps, StatusStopsWaitingInTheEnd)
 {
     wsm.answer(kConfig, {status(1)});
     const Transcript run = this->run({"wps", "status", "0", "1", "--wait", "1"});
-    EXPECT_EQ(run.exit, 1);
+    EXPECT_EQ(run.exit, 3);
     EXPECT_EQ(
         run.err,
         "oructl: wps status 0 1: no outcome within 1 seconds; last result: in-progress (1)\n");

@@ -4,6 +4,7 @@
 #include "commands.hpp"
 #include "json_output.hpp"
 #include "oruSdk.h"
+#include "patience.hpp"
 #include "show.hpp"
 
 #include <algorithm>
@@ -142,7 +143,7 @@ std::string attemptOf(const Request &request, std::string_view words,
 }
 
 int reportCommand(Request &request, const Command &command, const Arguments &arguments,
-                  uint32_t code, const std::string &detail)
+                  uint32_t code, const std::string &detail, ExitStatus status)
 {
     const std::string illegal = illegalOperand(command.operands, arguments);
     return report(request,
@@ -150,17 +151,19 @@ int reportCommand(Request &request, const Command &command, const Arguments &arg
                    .attempt = attemptOf(request, command.words, command.operands, arguments),
                    .code = code,
                    .message = messageLine(code),
-                   .detail = illegal.empty() ? detail : illegal});
+                   .detail = illegal.empty() ? detail : illegal,
+                   .status = illegal.empty() ? status : kNotFound});
 }
 
 int reportFailure(Request &request, const Command &command, const Arguments &arguments,
-                  const std::string &message, const std::string &detail)
+                  const std::string &message, const std::string &detail, ExitStatus status)
 {
     return report(request,
                   {.kind = "failed",
                    .attempt = attemptOf(request, command.words, command.operands, arguments),
                    .message = message,
-                   .detail = detail});
+                   .detail = detail,
+                   .status = status});
 }
 
 int done(Request &request, const Command &command, const Arguments &arguments)
@@ -202,7 +205,11 @@ int runCommand(Request &request)
     const Words words = request.operands.subspan(*matchedWords(*command, request.operands));
     const std::string problem =
         parseArguments(command->operands, command->repeat, words, arguments);
-    if (problem.empty()) return command->run(request, *command, arguments);
+    if (problem.empty()) {
+        const Patience patience{request,
+                                attemptOf(request, command->words, command->operands, arguments)};
+        return command->run(request, *command, arguments);
+    }
     return reportUsage(request, command->words, problem,
                        synopsis(command->verb, command->words, command->operands, command->repeat));
 }

@@ -86,13 +86,15 @@ std::string illegalOperand(std::span<const Operand> operands, const Arguments &a
 std::string attemptOf(const Request &request, std::string_view words,
                       std::span<const Operand> operands, const Arguments &arguments);
 
-/// Reports a code that an operation of a command has returned.
+/// Reports a code that an operation of a command has returned, with a status other than the code's
+/// own when one is given.
 int reportCommand(Request &request, const Command &command, const Arguments &arguments,
-                  uint32_t code, const std::string &detail = "");
+                  uint32_t code, const std::string &detail = "", ExitStatus status = kDone);
 
 /// Reports a failure that no code stands for.
 int reportFailure(Request &request, const Command &command, const Arguments &arguments,
-                  const std::string &message, const std::string &detail = "");
+                  const std::string &message, const std::string &detail = "",
+                  ExitStatus status = kFailed);
 
 /// Ends a command that is done: silent, or its operands as JSON.
 int done(Request &request, const Command &command, const Arguments &arguments);

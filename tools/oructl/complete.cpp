@@ -7,9 +7,6 @@
 namespace oructl {
 namespace {
 
-constexpr std::string_view kOptions =
-    "--json --show-secrets --secret-file --insecure-argv --help --version";
-
 class Candidates {
 public:
     void add(std::string_view candidate) { text_.append(candidate).append("\n"); }
@@ -134,7 +131,7 @@ std::string completions(Words words)
     words = withoutOptions(words);
     if (words.empty()) {
         for (const Verb &verb : verbs()) out.add(verb.name);
-        out.addEach(kOptions);
+        for (const Option &option : globalOptions()) out.add("--" + std::string{option.name});
         return out.text();
     }
     const std::string_view verb = words.front();

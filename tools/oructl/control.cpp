@@ -39,7 +39,8 @@ int switchRadio(Request &request, const Command &command, const Arguments &argum
                                 .activationFlag = Status};
     const uint32_t code = oruSdkSetAdminStatus(&param);
     if (code == ORUSDK_RC_OK) return done(request, command, arguments);
-    return reportCommand(request, command, arguments, code, whyNotTold(code, {}));
+    return reportCommand(request, command, arguments, code, whyNotTold(code, {}),
+                         code == ORUSDK_RC_WSM_REQUEST ? kNotTaken : kDone);
 }
 
 int disassociate(Request &request, const Command &command, const Arguments &arguments)

@@ -56,9 +56,6 @@ ExitStatus exitStatusOf(int64_t code)
     case ORUSDK_RC_ENC_TYPE_MISSING:
     case ORUSDK_RC_PSK_MISSING:
     case ORUSDK_RC_NO_RADIUS_SERVER: return kIncomplete;
-    case ORUSDK_RC_RADIO_ID:
-    case ORUSDK_RC_BSS_NUMBER:
-    case ORUSDK_RC_PORT_ID: return kNotFound;
     default: return kFailed;
     }
 }

@@ -114,17 +114,19 @@ std::string parseOptions(int count, char **words, std::span<const Option> ofVerb
     ::opterr = 0;
     ::optind = 0; // a new scan
     operand = 1;
+    std::string problem; // the first; the rest is read all the same, since it may say --json
     while (words[operand] != nullptr && !isNegativeNumber(words[operand])) {
         const char *const word = words[operand];
         const int id = ::getopt_long(count, words, "+:", table.data(), nullptr);
         operand = ::optind;
         if (id == -1) break;
-        if (id == ':') return std::string{word} + " needs a value";
-        if (id == '?') return unknownOption(word, rows);
-        const std::string problem = take(*rows[static_cast<size_t>(id) - 1], ::optarg, request);
-        if (!problem.empty()) return problem;
+        std::string found;
+        if (id == ':') found = std::string{word} + " needs a value";
+        else if (id == '?') found = unknownOption(word, rows);
+        else found = take(*rows[static_cast<size_t>(id) - 1], ::optarg, request);
+        if (problem.empty()) problem = std::move(found);
     }
-    return "";
+    return problem;
 }
 
 } // namespace oructl

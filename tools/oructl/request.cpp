@@ -49,6 +49,11 @@ int finish(Request &request, int status)
     return status == kDone ? kFailed : status;
 }
 
+std::string reportText(const Request &request, const Problem &problem)
+{
+    return request.json ? jsonError(problem) : problemLine(problem);
+}
+
 int report(Request &request, const Problem &problem)
 {
     if (request.json) request.output = jsonError(problem);

@@ -72,6 +72,9 @@ struct Problem {
 /// object on standard output.
 int report(Request &request, const Problem &problem);
 
+/// What report() says.
+std::string reportText(const Request &request, const Problem &problem);
+
 /// Reports a wrong command line, with the usage of the item's verb or of the verb.
 int reportUsage(Request &request, const std::string &message, const Item *item = nullptr);
 

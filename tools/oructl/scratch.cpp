@@ -22,16 +22,10 @@ constexpr int kSignals[] = {SIGINT, SIGTERM, SIGHUP, SIGQUIT};
 /// blocked.
 std::vector<std::string> leftovers;
 
-void removeLeftovers()
-{
-    for (const std::string &path : leftovers)
-        if (::unlink(path.c_str()) != 0) (void)::rmdir(path.c_str());
-}
-
 /// Calls nothing but what a handler may.
 void cleanUp(int signal)
 {
-    removeLeftovers();
+    removeScratch();
     ::signal(signal, SIG_DFL);
     ::raise(signal);
 }
@@ -79,13 +73,19 @@ std::string parentFolder()
     return ::access("/dev/shm", W_OK | X_OK) == 0 ? "/dev/shm" : "/tmp";
 }
 
-bool isCopied(std::string_view name)
+bool isCopied(std::string_view path)
 {
     return std::any_of(kConfigurationFiles.begin(), kConfigurationFiles.end(),
-                       [&](std::string_view file) { return file.substr(5) == name; });
+                       [&](std::string_view file) { return file == path; });
 }
 
 } // namespace
+
+void removeScratch()
+{
+    for (const std::string &path : leftovers)
+        if (::unlink(path.c_str()) != 0) (void)::rmdir(path.c_str());
+}
 
 Scratch::Scratch()
 {
@@ -95,10 +95,8 @@ Scratch::Scratch()
     root_ = std::move(pattern);
     catchSignals();
     removeLater(root_);
-    const std::string var = root_ + "/var";
-    if (::mkdir(var.c_str(), 0700) != 0) return;
-    removeLater(var);
-    made_ = link(original, "/run") && link(original, "/config") && linkFilesOf(original);
+    made_ =
+        link(original, "/run") && fillFolder(original, "/var") && fillFolder(original, "/config");
     for (const char *const file : kConfigurationFiles) {
         const auto text = readFile(original + file);
         if (text) made_ = made_ && write(file, *text);
@@ -108,11 +106,11 @@ Scratch::Scratch()
 Scratch::~Scratch()
 {
     const BlockedSignals blocked;
-    removeLeftovers();
+    removeScratch();
     leftovers.clear();
 }
 
-bool Scratch::link(const std::string &original, const char *name)
+bool Scratch::link(const std::string &original, const std::string &name)
 {
     const std::string path = root_ + name;
     if (::symlink((original + name).c_str(), path.c_str()) != 0) return false;
@@ -120,15 +118,19 @@ bool Scratch::link(const std::string &original, const char *name)
     return true;
 }
 
-bool Scratch::linkFilesOf(const std::string &original)
+/// Makes a folder with links to the files that aren't copied.
+bool Scratch::fillFolder(const std::string &original, const std::string &folder)
 {
-    const std::unique_ptr<DIR, int (*)(DIR *)> var{::opendir((original + "/var").c_str()),
-                                                   ::closedir};
-    if (var == nullptr) return true; // the library will say so
-    while (const dirent *entry = ::readdir(var.get())) {
-        const std::string_view name = entry->d_name;
-        if (name.starts_with('.') || name == "oructl" || isCopied(name)) continue;
-        if (!link(original, ("/var/" + std::string{name}).c_str())) return false;
+    const std::string path = root_ + folder;
+    if (::mkdir(path.c_str(), 0700) != 0) return false;
+    removeLater(path);
+    const std::unique_ptr<DIR, int (*)(DIR *)> entries{::opendir((original + folder).c_str()),
+                                                       ::closedir};
+    if (entries == nullptr) return true; // the library will say so
+    while (const dirent *entry = ::readdir(entries.get())) {
+        const std::string name = folder + '/' + entry->d_name;
+        if (entry->d_name[0] == '.' || name == kOwnFolder || isCopied(name)) continue;
+        if (!link(original, name)) return false;
     }
     return true;
 }
@@ -136,8 +138,8 @@ bool Scratch::linkFilesOf(const std::string &original)
 bool Scratch::write(const char *file, const std::string &text)
 {
     const std::string path = root_ + file;
-    const std::string name = path.substr(path.rfind('/') + 1);
-    removeLater(root_ + "/var/." + name + ".new"); // the library's, of a save cut short
+    const size_t name = path.rfind('/') + 1; // and the library's, of a save that was interrupted
+    removeLater(path.substr(0, name) + '.' + path.substr(name) + ".new");
     removeLater(path);
     const int fd = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
     if (fd < 0) return false;

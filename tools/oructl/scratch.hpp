@@ -23,11 +23,14 @@ public:
     bool write(const char *file, const std::string &text);
 
 private:
-    bool link(const std::string &original, const char *name);
-    bool linkFilesOf(const std::string &original);
+    bool link(const std::string &original, const std::string &name);
+    bool fillFolder(const std::string &original, const std::string &folder);
 
     std::string root_;
     bool made_ = false;
 };
+
+/// Removes what a scratch folder holds, and calls nothing but what a handler of signals may.
+void removeScratch();
 
 } // namespace oructl

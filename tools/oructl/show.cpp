@@ -4,7 +4,10 @@
 #include "display.hpp"
 #include "json_output.hpp"
 #include "oruSdk.h"
+#include "patience.hpp"
+#include "select.hpp"
 #include "terminal.hpp"
+#include "terse_output.hpp"
 #include "views.hpp"
 
 #include <algorithm>
@@ -76,6 +79,8 @@ int reportView(Request &request, const View &view, const Arguments &arguments, u
                     .attempt = attemptOf(request, view.name, view.operands, arguments),
                     .message = answer.problem,
                     .detail = illegal.empty() ? answer.detail : illegal};
+    if (!illegal.empty()) problem.status = kNotFound;
+    else if (!answer.problem.empty()) problem.status = answer.status;
     if (code != ORUSDK_RC_OK) {
         problem.code = code;
         problem.message = messageLine(code);
@@ -89,11 +94,36 @@ bool fetched(const View &view, const Arguments &arguments, Answer &answer, uint3
     return code == ORUSDK_RC_OK && answer.problem.empty();
 }
 
-std::string shown(const Request &request, const View &view, const Arguments &arguments,
-                  const Answer &answer)
+/// Values alone: a line for each row, or one of the facts where there is nothing else.
+std::string terseView(const View &view, const Answer &answer, Secrets secrets)
 {
-    return request.json ? jsonView(view, arguments, answer, request.secrets)
-                        : textView(view, answer, request.secrets);
+    if (view.columns.empty()) return terseLine(view.facts, answer.facts, secrets);
+    std::string out;
+    for (const Row &row : answer.rows) out += terseLine(view.columns, row, secrets);
+    return out;
+}
+
+/// The columns, or the facts of a view without columns, that the request chooses.
+Selection selectColumns(const Request &request, const View &view)
+{
+    return select(request, view.columns.empty() ? view.facts : view.columns);
+}
+
+std::string shown(const Request &request, const View &view, const Arguments &arguments,
+                  Answer answer)
+{
+    const Selection chosen = selectColumns(request, view);
+    View part = view;
+    if (view.columns.empty()) {
+        part.facts = chosen.fields;
+        answer.facts = chosen.of(answer.facts);
+    } else {
+        part.columns = chosen.fields;
+        for (Row &row : answer.rows) row = chosen.of(row);
+    }
+    if (request.terse) return terseView(part, answer, request.secrets);
+    return request.json ? jsonView(part, arguments, answer, request.secrets)
+                        : textView(part, answer, request.secrets);
 }
 
 void sleepSeconds(int64_t seconds)
@@ -136,6 +166,7 @@ int runView(Request &request, const View &view, const Arguments &arguments)
     Answer answer;
     uint32_t code = ORUSDK_RC_OK;
     if (!arguments.seconds) {
+        const Patience patience{request, attemptOf(request, view.name, view.operands, arguments)};
         if (!fetched(view, arguments, answer, code))
             return reportView(request, view, arguments, code, answer);
         request.output = shown(request, view, arguments, answer);
@@ -195,8 +226,9 @@ int runShow(Request &request)
         return reportUnknown(request, "view", request.operands.front(), names);
     }
     Arguments arguments;
-    const std::string problem =
-        parseArguments(view->operands, kWatch, request.operands.subspan(1), arguments);
+    std::string problem = selectColumns(request, *view).problem;
+    if (problem.empty())
+        problem = parseArguments(view->operands, kWatch, request.operands.subspan(1), arguments);
     if (problem.empty()) return runView(request, *view, arguments);
     return reportUsage(request, view->name, problem,
                        "show " + std::string{view->name} + ' ' +

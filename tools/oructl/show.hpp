@@ -13,6 +13,7 @@ struct Answer {
     std::vector<Row> rows = {};    ///< one value for each column
     std::string problem = {};      ///< a failure that no code stands for
     std::string detail = {};       ///< about a failure
+    ExitStatus status = kFailed;   ///< of a failure that no code stands for
 };
 
 struct View {

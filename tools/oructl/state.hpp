@@ -9,9 +9,10 @@
 
 namespace oructl {
 
-/// What is configured: the settings of radios and BSSes, and those of security.
-inline constexpr std::array<const char *, 2> kConfigurationFiles = {"/var/wsmDefaults",
-                                                                    "/var/1x.conf"};
+/// What is configured: the settings of radios and BSSes, those of security, and the channels on
+/// which radar was detected.
+inline constexpr std::array<const char *, 3> kConfigurationFiles = {
+    "/var/wsmDefaults", "/var/1x.conf", "/config/wsmSavedRadarDetectList"};
 inline constexpr std::array<const char *, 2> kFactoryFiles = {"/var/wsmDefaults.orig",
                                                               "/var/1x.conf.orig"};
 inline constexpr std::string_view kOwnFolder = "/var/oructl";

@@ -19,7 +19,7 @@ uint32_t ask(uint32_t (*operation)(Record *), Wsm<Record> &record, const Value &
     record->selector2 = 0;
     const uint32_t code = record.ask(operation);
     const Value answered = wsmText(record->statsStr);
-    if (code == ORUSDK_RC_OK && !answered.given) answer.problem = kNoAnswer;
+    if (code == ORUSDK_RC_OK && !answered.given) return nobodyAnswered(answer);
     if (code == ORUSDK_RC_ERROR && !answered.text.empty())
         answer.detail = "WSM says " + quoted(answered.text);
     text = answered.text;
@@ -76,7 +76,8 @@ int reportNoCounter(Request &request, const Command &command, const Arguments &a
     for (const std::string_view near : nearest(name, names)) printed.push_back(quoted(near));
     const std::vector<std::string_view> shown(printed.begin(), printed.end());
     return reportFailure(request, command, arguments, "no counter is called " + quoted(name),
-                         shown.empty() ? "" : "did you mean " + alternatives(shown) + "?");
+                         shown.empty() ? "" : "did you mean " + alternatives(shown) + "?",
+                         kNotFound);
 }
 
 int runGet(Request &request, const Command &command, const Arguments &arguments)
@@ -86,7 +87,8 @@ int runGet(Request &request, const Command &command, const Arguments &arguments)
     const uint32_t code = askStatistics(arguments.values[1], arguments.values[2], text, answer);
     if (code != ORUSDK_RC_OK)
         return reportCommand(request, command, arguments, code, answer.detail);
-    if (!answer.problem.empty()) return reportFailure(request, command, arguments, answer.problem);
+    if (!answer.problem.empty())
+        return reportFailure(request, command, arguments, answer.problem, "", answer.status);
 
     const std::vector<Counter> counters = countersOf(text);
     const std::optional<Value> found = findCounter(arguments.values[0].text, text, counters);

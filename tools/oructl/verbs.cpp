@@ -1,13 +1,15 @@
 // What each verb does.
+#include "change.hpp"
 #include "codes.hpp"
 #include "command.hpp"
 #include "json_output.hpp"
 #include "oruSdk.h"
 #include "reasons.hpp"
 #include "request.hpp"
+#include "select.hpp"
 #include "show.hpp"
+#include "terse_output.hpp"
 #include "text_output.hpp"
-#include "transaction.hpp"
 #include "values.hpp"
 
 namespace oructl {
@@ -74,6 +76,16 @@ std::string attempt(const Request &request, const Item &item, const Call &call)
     return text;
 }
 
+/// A status that says more than the code's own; kDone when there is none.
+ExitStatus statusOf(const Item &item, Use verb, uint32_t code, const Call &call)
+{
+    const Bounds index = legalIndex(item.scope);
+    if (item.scope != Scope::None && (call.index < index.min || call.index > index.max))
+        return kNotFound;
+    const bool stored = verb == Use::Set && item.atOnce && code == ORUSDK_RC_WSM_REQUEST;
+    return stored ? kNotTaken : kDone;
+}
+
 int reportCall(Request &request, const Item &item, Use verb, uint32_t code, const Call &call)
 {
     const std::string illegal = illegalPart(item, verb, call);
@@ -88,46 +100,19 @@ int reportCall(Request &request, const Item &item, Use verb, uint32_t code, cons
                             .attempt = attempt(request, item, call),
                             .code = code,
                             .message = messageLine(code),
-                            .detail = detail});
+                            .detail = detail,
+                            .status = statusOf(item, verb, code, call)});
 }
 
-int reportTrouble(Request &request, const std::string &attempt, const Trouble &trouble)
-{
-    return report(request, {.kind = "failed",
-                            .attempt = attempt,
-                            .message = trouble.message,
-                            .detail = trouble.detail,
-                            .status = trouble.status});
-}
-
-int reportCode(Request &request, uint32_t code, const std::string &detail = "")
+int reportCode(Request &request, uint32_t code, const std::string &detail = "",
+               ExitStatus status = kDone)
 {
     return report(request, {.kind = "failed",
                             .attempt = typed(request),
                             .code = code,
                             .message = messageLine(code),
-                            .detail = detail});
-}
-
-int64_t patienceMs(const Request &request)
-{
-    return request.timeout ? *request.timeout * 1000 : Lock::kPatienceMs;
-}
-
-/// What a dry run would have stored.
-void showChanges(Request &request, const std::vector<KeyChange> &changes)
-{
-    if (request.json) {
-        request.output = jsonChanges(changes);
-        return;
-    }
-    if (changes.empty() && !request.quiet) request.output = "would change nothing\n";
-    for (const KeyChange &change : changes)
-        request.output.append("would change ")
-            .append(printable(change.key))
-            .append(" of ")
-            .append(change.file)
-            .append("\n");
+                            .detail = detail,
+                            .status = status});
 }
 
 /// The item and call of a get or set; NULL after a report of what is wrong, with the exit status.
@@ -167,8 +152,15 @@ int runGet(Request &request)
     if (item == nullptr) return status;
     if (const uint32_t code = item->get(call); code != ORUSDK_RC_OK)
         return reportCall(request, *item, Use::Get, code, call);
-    request.output = request.json ? jsonValue(*item, call, request.secrets)
-                                  : textValue(*item, call, request.secrets);
+    const Selection selection = select(request, item->fields);
+    if (!selection.problem.empty()) return reportUsage(request, selection.problem, item);
+    Item shown = *item;
+    shown.fields = selection.fields;
+    call.values = selection.of(call.values);
+    if (request.terse) request.output = terseLine(shown.fields, call.values, request.secrets);
+    else
+        request.output = request.json ? jsonValue(shown, call, request.secrets)
+                                      : textValue(shown, call, request.secrets);
     return kDone;
 }
 
@@ -185,18 +177,11 @@ int setAtOnce(Request &request, const Item &item, const Call &call)
     return kDone;
 }
 
-int setInTransaction(Request &request, const Item &item, const Call &call)
+int setStored(Request &request, const Item &item, const Call &call)
 {
-    Transaction change{request.dryRun ? Transaction::Kind::DryRun : Transaction::Kind::Real};
-    auto trouble = change.begin(patienceMs(request));
-    if (!trouble) {
-        if (const uint32_t code = item.set(call); code != ORUSDK_RC_OK)
-            return reportCall(request, item, Use::Set, code, call);
-        trouble = change.finish(request.force);
-    }
-    if (trouble) return reportTrouble(request, attempt(request, item, call), *trouble);
-    if (request.dryRun) showChanges(request, change.changes());
-    return kDone;
+    return changeAll(
+        request, attempt(request, item, call), [&] { return item.set(call); },
+        [&](uint32_t code) { return reportCall(request, item, Use::Set, code, call); });
 }
 
 int runSet(Request &request)
@@ -205,8 +190,7 @@ int runSet(Request &request)
     int status = kDone;
     const Item *item = parseCall(request, Use::Set, call, status);
     if (item == nullptr) return status;
-    status =
-        item->atOnce ? setAtOnce(request, *item, call) : setInTransaction(request, *item, call);
+    status = item->atOnce ? setAtOnce(request, *item, call) : setStored(request, *item, call);
     if (status != kDone || request.dryRun || request.quiet) return status;
     request.output = request.json ? jsonSet(*item, call) : textSteps(*item, call);
     return kDone;
@@ -228,10 +212,19 @@ int runCommit(Request &request)
 int resetAll(Request &request)
 {
     if (request.operands.size() > 1) return reportUsage(request, "too many operands");
-    if (const uint32_t code = oruSdkResetToDefaults(); code != ORUSDK_RC_OK)
-        return reportCode(request, code);
-    if (request.json) request.output = jsonAction("reset", "all");
-    return kDone;
+    const int status = changeAll(request, typed(request), oruSdkResetToDefaults,
+                                 [&](uint32_t code) { return reportCode(request, code); });
+    if (status == kDone && request.json && !request.dryRun)
+        request.output = jsonAction("reset", "all");
+    return status;
+}
+
+int reportReset(Request &request, int64_t bss, uint32_t code)
+{
+    const Bounds legal = legalIndex(Scope::Bss);
+    return bss < legal.min || bss > legal.max
+               ? reportCode(request, code, "BSS is 0 to 3", kNotFound)
+               : reportCode(request, code);
 }
 
 int resetBss(Request &request)
@@ -245,10 +238,12 @@ int resetBss(Request &request)
     case Decimal::TooLarge: return reportUsage(request, quoted(text) + " does not fit 32 bits");
     case Decimal::NotANumber: return reportUsage(request, quoted(text) + " is no number of a BSS");
     }
-    if (const uint32_t code = oruSdkResetToBss(static_cast<int32_t>(bss)); code != ORUSDK_RC_OK)
-        return reportCode(request, code, code == ORUSDK_RC_BSS_NUMBER ? "BSS is 0 to 3" : "");
-    if (request.json) request.output = jsonAction("reset", "bss", bss);
-    return kDone;
+    const int status = changeAll(
+        request, typed(request), [&] { return oruSdkResetToBss(static_cast<int32_t>(bss)); },
+        [&](uint32_t code) { return reportReset(request, bss, code); });
+    if (status == kDone && request.json && !request.dryRun)
+        request.output = jsonAction("reset", "bss", bss);
+    return status;
 }
 
 int runReset(Request &request)

@@ -36,7 +36,7 @@ uint32_t fetchStations(const Arguments &arguments, Answer &answer)
     putNumber(list->bssIndex, operand16(arguments, 1));
     if (const uint32_t code = list.ask(oruSdkGetStationParam); code != ORUSDK_RC_OK) return code;
     const Value count = wsmNumber(list->numStations);
-    if (list.unanswered(count)) return answer.problem = kNoAnswer, ORUSDK_RC_OK;
+    if (list.unanswered(count)) return nobodyAnswered(answer);
     for (int64_t i = 0; i < count.number; ++i) {
         const OruSdkStationEntry &station = list->stations[i];
         answer.rows.push_back({wsmNumber(station.staId), wsmText(station.macAddr)});
@@ -55,7 +55,7 @@ uint32_t fetchScan(const Arguments &, Answer &answer)
     if (const uint32_t code = list.ask(oruSdkGetScanlistParam); code != ORUSDK_RC_OK) return code;
     const Value count = wsmNumber(list->numEntries);
     if (!count.given) return answer.problem = "the last network of the list has no SSID", 0;
-    if (list.unanswered(count)) return answer.problem = kNoAnswer, ORUSDK_RC_OK;
+    if (list.unanswered(count)) return nobodyAnswered(answer);
     for (int64_t i = 0; i < count.number; ++i)
         answer.rows.push_back({wsmText(list->entries[i].bssid), wsmText(list->entries[i].ssid)});
     return ORUSDK_RC_OK;
@@ -74,7 +74,7 @@ uint32_t fetchBssList(const Arguments &arguments, Answer &answer)
     Wsm<OruSdkBssListParam> list;
     list->radioIndex = operand16(arguments, 0);
     if (const uint32_t code = list.ask(oruSdkGetBssListParam); code != ORUSDK_RC_OK) return code;
-    if (list.unanswered(numberValue(list->numBss))) return answer.problem = kNoAnswer, ORUSDK_RC_OK;
+    if (list.unanswered(numberValue(list->numBss))) return nobodyAnswered(answer);
     answer.facts = {wsmNumber(list->element1), wsmNumber(list->element18)};
     for (uint32_t i = 0; i < list->numBss; ++i) {
         const OruSdkBssEntry &bss = list->bss[i];
@@ -113,7 +113,7 @@ uint32_t fetchRadios(const Arguments &, Answer &answer)
     Wsm<OruSdkRadioParam> list;
     if (const uint32_t code = list.ask(oruSdkGetRadioParam); code != ORUSDK_RC_OK) return code;
     const Value count = wsmNumber(list->numRadios);
-    if (list.unanswered(count)) return answer.problem = kNoAnswer, ORUSDK_RC_OK;
+    if (list.unanswered(count)) return nobodyAnswered(answer);
     for (int64_t i = 0; i < count.number; ++i) {
         const OruSdkRadioEntry &radio = list->radios[i];
         answer.rows.push_back(

@@ -113,10 +113,10 @@ int waitForResult(Request &request, const Command &command, const Arguments &arg
             return reportFailure(request, command, arguments,
                                  "the enrollment has failed: " + inWords(result));
         if (std::chrono::steady_clock::now() >= end)
-            return reportFailure(request, command, arguments,
-                                 "no outcome within " + std::to_string(*arguments.seconds) +
-                                     " seconds",
-                                 "last result: " + (result.given ? inWords(result) : "none"));
+            return reportFailure(
+                request, command, arguments,
+                "no outcome within " + std::to_string(*arguments.seconds) + " seconds",
+                "last result: " + (result.given ? inWords(result) : "none"), kTimedOut);
         sleepOneSecond();
     }
 }
@@ -129,7 +129,7 @@ int status(Request &request, const Command &command, const Arguments &arguments)
         return reportCommand(request, command, arguments, code);
     if (!result.given)
         return reportFailure(request, command, arguments, "WSM gave no result",
-                             "it answered without one, or not within 20 seconds");
+                             "it answered without one, or not within 20 seconds", kTimedOut);
     return showStatus(request, arguments, result);
 }
 

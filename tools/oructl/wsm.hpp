@@ -9,8 +9,14 @@
 
 namespace oructl {
 
-/// Said when WSM is silent for the wait of the library, which then answers as for an empty list.
-inline constexpr const char *kNoAnswer = "WSM gave no answer within 20 seconds";
+/// For an answer that WSM did not give within the wait of the library, to which silence is an empty
+/// list and no failure.
+inline uint32_t nobodyAnswered(Answer &answer)
+{
+    answer.problem = "WSM gave no answer within 20 seconds";
+    answer.status = kTimedOut;
+    return ORUSDK_RC_OK;
+}
 
 /// Every byte of a record before it is asked for: WSM writes 0 into the high bytes of shorter
 /// numbers and a NUL behind texts, so that what it left out can be told.

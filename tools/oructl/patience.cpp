@@ -1,0 +1,53 @@
+#include "patience.hpp"
+
+#include "scratch.hpp"
+
+#include <csignal>
+#include <sys/time.h>
+#include <unistd.h>
+
+namespace oructl {
+namespace {
+
+std::string lastWords;
+int lastWordsTo = STDERR_FILENO;
+
+/// Calls nothing but what a handler may.
+void giveUp(int)
+{
+    removeScratch();
+    (void)!::write(lastWordsTo, lastWords.data(), lastWords.size());
+    ::_exit(kTimedOut);
+}
+
+void setAlarm(int64_t seconds)
+{
+    itimerval timer = {};
+    timer.it_value.tv_sec = static_cast<time_t>(seconds);
+    if (seconds == 0) timer.it_value.tv_usec = 1; // no patience at all
+    ::setitimer(ITIMER_REAL, &timer, nullptr);
+}
+
+} // namespace
+
+Patience::Patience(const Request &request, const std::string &attempt)
+{
+    if (!request.timeout) return;
+    lastWordsTo = request.json ? STDOUT_FILENO : STDERR_FILENO;
+    lastWords = reportText(
+        request, {.kind = "failed",
+                  .attempt = attempt,
+                  .message = "no answer within " + std::to_string(*request.timeout) + " seconds"});
+    struct sigaction action = {};
+    action.sa_handler = giveUp;
+    ::sigaction(SIGALRM, &action, nullptr);
+    setAlarm(*request.timeout);
+}
+
+Patience::~Patience()
+{
+    const itimerval none = {};
+    ::setitimer(ITIMER_REAL, &none, nullptr);
+}
+
+} // namespace oructl
