@@ -64,6 +64,7 @@ const Command kCommands[] = {
     {"help_item_admin_status", {"help", "admin-status"}},
     {"show_without_service", {"show", "stations", "0", "1"}},
     {"show_without_service_json", {"--json", "show", "stations", "0", "1"}},
+    {"show_radio", {"show", "radio", "0"}},
     {"show_unknown", {"show", "station", "0", "1"}},
     {"show_wrong_operand", {"show", "stations", "0", "one"}},
     {"show_wrong_bss_json", {"--json", "show", "stations", "0", "4"}},

@@ -32,29 +32,12 @@ Arguments wordsOf(const std::string &text)
     return words;
 }
 
-/// What WSM says of one radio.
-Bytes radioEntry(const std::string &country, bool at5GHz, const Bytes &channels)
-{
-    Bytes entry(28);
-    std::copy(country.begin(), country.end(), entry.begin());
-    entry[26] = at5GHz ? 1 : 0;
-    entry.push_back(static_cast<uint8_t>(channels.size()));
-    entry.insert(entry.end(), channels.begin(), channels.end());
-    return entry;
-}
-
 const Bytes kLowChannels = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11};
 const Bytes kHighChannels = {36, 40, 44, 48, 52, 56};
 
 class RadioItems : public OructlTest {
 protected:
-    RadioItems()
-    {
-        std::ifstream factory(ORU_SOURCE_DIR "/share/wsmDefaults.orig", std::ios::binary);
-        std::ostringstream text;
-        text << factory.rdbuf();
-        write(kWsm, text.str());
-    }
+    RadioItems() { useFactoryRadios(); }
 
     void apply(const Settings &settings) const
     {
@@ -84,9 +67,7 @@ protected:
     void startWsm(const std::vector<Bytes> &radios)
     {
         wsm_ = std::make_unique<WsmService>(root());
-        Bytes answer = {1, 11, 0, 0};
-        for (const Bytes &radio : radios) answer.insert(answer.end(), radio.begin(), radio.end());
-        wsm_->answer(266, {answer});
+        wsm_->answer(266, {radioInfo(radios)});
     }
 
     void startWsmOfBothBands()

@@ -208,6 +208,14 @@ void OructlTest::write(const std::string &path, const std::string &text) const
     std::ofstream{root_ + path, std::ios::binary} << text;
 }
 
+void OructlTest::useFactoryRadios() const
+{
+    std::ifstream factory(ORU_SOURCE_DIR "/share/wsmDefaults.orig", std::ios::binary);
+    std::ostringstream text;
+    text << factory.rdbuf();
+    write(kWsm, text.str());
+}
+
 void OructlTest::standIn(const std::string &program, const std::string &script) const
 {
     std::filesystem::create_directories(root_ + "/bin");

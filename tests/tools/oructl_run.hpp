@@ -41,6 +41,9 @@ protected:
     [[nodiscard]] std::string read(const std::string &path) const;
     void write(const std::string &path, const std::string &text) const;
 
+    /// Replaces the radio file by the one of the factory.
+    void useFactoryRadios() const;
+
     /// Puts a shell script before the program of this name for the commands that the library runs.
     void standIn(const std::string &program, const std::string &script) const;
     void remove(const std::string &path) const;

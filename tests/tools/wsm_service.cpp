@@ -1,8 +1,26 @@
 #include "tools/wsm_service.hpp"
 
+#include <algorithm>
 #include <cstdlib>
 
 namespace oru::test {
+
+Bytes radioEntry(const std::string &country, bool at5GHz, const Bytes &channels)
+{
+    Bytes entry(28);
+    std::copy(country.begin(), country.end(), entry.begin());
+    entry[26] = at5GHz ? 1 : 0;
+    entry.push_back(static_cast<uint8_t>(channels.size()));
+    entry.insert(entry.end(), channels.begin(), channels.end());
+    return entry;
+}
+
+Bytes radioInfo(const std::vector<Bytes> &radios)
+{
+    Bytes answer = {1, 11, 0, 0};
+    for (const Bytes &radio : radios) answer.insert(answer.end(), radio.begin(), radio.end());
+    return answer;
+}
 
 WsmService::WsmService(const std::string &root)
 {

@@ -14,6 +14,12 @@
 
 namespace oru::test {
 
+/// What WSM says of one radio.
+Bytes radioEntry(const std::string &country, bool at5GHz, const Bytes &channels);
+
+/// The answer to message 266.
+Bytes radioInfo(const std::vector<Bytes> &radios);
+
 /// Listens under a root folder until its end. A request without an answer stays without one.
 class WsmService {
 public:

@@ -4,19 +4,20 @@
 
 namespace oructl {
 
-std::span<const std::span<const Item>> families()
+std::span<const Family> families()
 {
-    static const std::span<const Item> all[] = {radioSwitches(), radioOptions(), channelItems(),
-                                                dfsItems(),      rateItems(),    macItems(),
-                                                qosItems(),      bssItems(),     securityItems(),
-                                                radiusItems(),   wpsItems(),     controlItems()};
+    static const Family all[] = {
+        {"Radio", radioSwitches()}, {"Radio", radioOptions()}, {"Channel", channelItems()},
+        {"DFS", dfsItems()},        {"Rates", rateItems()},    {"MAC", macItems()},
+        {"QoS", qosItems()},        {"BSS", bssItems()},       {"Security", securityItems()},
+        {"RADIUS", radiusItems()},  {"WPS", wpsItems()},       {"Control", controlItems()}};
     return all;
 }
 
 const Item *findItem(std::string_view name)
 {
-    for (const auto family : families())
-        for (const Item &item : family)
+    for (const Family &family : families())
+        for (const Item &item : family.items)
             if (item.name == name) return &item;
     return nullptr;
 }

@@ -99,8 +99,14 @@ struct Item {
     bool atOnce = false;         ///< a set reaches a driver or a service before the next commit
 };
 
+/// Items of one subject; neighbours of one name are one family to a reader.
+struct Family {
+    std::string_view name; ///< "DFS"
+    std::span<const Item> items;
+};
+
 /// The families of items, in the order of help and list.
-std::span<const std::span<const Item>> families();
+std::span<const Family> families();
 
 /// NULL when no item has this name.
 const Item *findItem(std::string_view name);
@@ -112,8 +118,8 @@ Bounds legalIndex(Scope scope);
 template <class Visit>
 void forEachItem(Visit &&visit)
 {
-    for (const auto family : families())
-        for (const Item &item : family) visit(item);
+    for (const Family &family : families())
+        for (const Item &item : family.items) visit(item);
 }
 
 /// Calls visit for each of the words that blanks separate.

@@ -1,6 +1,7 @@
 #include "json_output.hpp"
 
 #include "codes.hpp"
+#include "oruSdk.h"
 #include "values.hpp"
 
 #include <nlohmann/json.hpp>
@@ -89,6 +90,22 @@ Json itemDocument(const Item &item, const Call &call)
     object["item"] = item.name;
     object["index"] = item.scope == Scope::None ? Json(nullptr) : Json(call.index);
     return object;
+}
+
+/// Items by name, and the failures of those that have no value.
+void addItems(Json &object, const std::vector<Reading> &readings, Secrets secrets)
+{
+    object["items"] = Json::object();
+    object["failed"] = Json::object();
+    for (const Reading &reading : readings) {
+        const std::string name{reading.item->name};
+        const bool good = reading.code == ORUSDK_RC_OK;
+        object["items"][name] =
+            good ? fieldsOf(reading.item->fields, reading.call.values, secrets) : Json(nullptr);
+        if (!good)
+            object["failed"][name] =
+                Json{{"code", reading.code}, {"message", messageLine(reading.code)}};
+    }
 }
 
 std::string_view kindName(Kind kind)
@@ -201,6 +218,7 @@ std::string jsonView(const View &view, const Arguments &arguments, const Answer 
     for (size_t i = 0; i < view.operands.size(); ++i)
         addFields(object, {&view.operands[i].field, 1}, {arguments.values[i]}, secrets);
     if (!view.facts.empty()) object["facts"] = fieldsOf(view.facts, answer.facts, secrets);
+    if (!answer.items.empty()) addItems(object, answer.items, secrets);
     if (view.columns.empty()) return line(object);
     object["rows"] = Json::array();
     for (const Row &row : answer.rows)

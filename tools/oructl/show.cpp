@@ -51,26 +51,6 @@ std::string headerOf(const Field &field)
     return out;
 }
 
-using Line = std::vector<std::string>;
-
-/// Pads all but the last cell of each line to the width of its column.
-std::string aligned(const std::vector<Line> &lines)
-{
-    std::vector<size_t> widths;
-    for (const Line &line : lines) {
-        widths.resize(std::max(widths.size(), line.size()));
-        for (size_t i = 0; i < line.size(); ++i)
-            widths[i] = std::max(widths[i], displayWidth(line[i]));
-    }
-    std::string out;
-    for (const Line &line : lines) {
-        for (size_t i = 0; i + 1 < line.size(); ++i)
-            out.append(line[i]).append(widths[i] - displayWidth(line[i]) + 2, ' ');
-        out.append(line.back()).append("\n");
-    }
-    return out;
-}
-
 int reportView(Request &request, const View &view, const Arguments &arguments, uint32_t code,
                const Answer &answer)
 {
@@ -182,7 +162,7 @@ int runView(Request &request, const View &view, const Arguments &arguments)
 
 std::span<const std::span<const View>> viewFamilies()
 {
-    static const std::span<const View> all[] = {statusViews()};
+    static const std::span<const View> all[] = {statusViews(), radioViews()};
     return all;
 }
 
@@ -194,13 +174,59 @@ const View *findView(std::string_view name)
     return nullptr;
 }
 
+Reading readItem(const Item &item, int64_t index)
+{
+    Reading reading{.item = &item,
+                    .call = {.index = index, .values = std::vector<Value>(item.fields.size())}};
+    reading.code = item.get(reading.call);
+    return reading;
+}
+
+std::string aligned(const std::vector<Line> &lines)
+{
+    std::vector<size_t> widths;
+    for (const Line &line : lines) {
+        widths.resize(std::max(widths.size(), line.size()));
+        for (size_t i = 0; i < line.size(); ++i)
+            widths[i] = std::max(widths[i], displayWidth(line[i]));
+    }
+    std::string out;
+    for (const Line &line : lines) {
+        for (size_t i = 0; i + 1 < line.size(); ++i)
+            out.append(line[i]).append(widths[i] - displayWidth(line[i]) + 2, ' ');
+        out.append(line.back()).append("\n");
+    }
+    return out;
+}
+
+std::vector<Line> linesOf(const Reading &reading, Secrets secrets)
+{
+    const std::string name{reading.item->name};
+    if (reading.code != ORUSDK_RC_OK)
+        return {{name, std::string{kAbsent}.append(" (code ").append(std::to_string(reading.code)) +
+                           ')'}};
+    std::vector<Line> lines;
+    for (size_t i = 0; i < reading.call.values.size(); ++i) {
+        const Field &field = reading.item->fields[i];
+        const Value &value = reading.call.values[i];
+        if (!field.belongsTo(Use::Get) || !value.given) continue;
+        std::string shown = cellOf(field, value, charsetOfEnvironment(), secrets);
+        if (field.kind == Kind::Number && !field.unit.empty()) shown.append(" ").append(field.unit);
+        lines.push_back({field.name.empty() ? name : name + '.' + std::string{field.name}, shown});
+    }
+    return lines;
+}
+
 std::string textView(const View &view, const Answer &answer, Secrets secrets)
 {
+    if (view.text != nullptr) return view.text(answer, secrets);
     const Charset charset = charsetOfEnvironment();
     std::vector<Line> facts;
     for (size_t i = 0; i < view.facts.size(); ++i)
         facts.push_back(
             {headerOf(view.facts[i]), cellOf(view.facts[i], answer.facts[i], charset, secrets)});
+    for (const Reading &reading : answer.items)
+        for (const Line &line : linesOf(reading, secrets)) facts.push_back(line);
     std::string out = aligned(facts);
     if (view.columns.empty()) return out;
     if (!facts.empty()) out += '\n';

@@ -7,24 +7,35 @@ namespace oructl {
 
 using Row = std::vector<Value>;
 
+/// What the getter of an item has said.
+struct Reading {
+    const Item *item = nullptr;
+    Call call = {};
+    uint32_t code = 0;
+};
+
+Reading readItem(const Item &item, int64_t index);
+
 /// What a view shows, or why it can't.
 struct Answer {
-    std::vector<Value> facts = {}; ///< one for each fact of the view
-    std::vector<Row> rows = {};    ///< one value for each column
-    std::string problem = {};      ///< a failure that no code stands for
-    std::string detail = {};       ///< about a failure
-    ExitStatus status = kFailed;   ///< of a failure that no code stands for
+    std::vector<Value> facts = {};   ///< one for each fact of the view
+    std::vector<Reading> items = {}; ///< shown as a get does, behind the facts
+    std::vector<Row> rows = {};      ///< one value for each column
+    std::string problem = {};        ///< a failure that no code stands for
+    std::string detail = {};         ///< about a failure
+    ExitStatus status = kFailed;     ///< of a failure that no code stands for
 };
 
 struct View {
     std::string_view name;
     std::span<const Operand> operands;
-    std::span<const Field> columns; ///< none: the view has facts alone
+    std::span<const Field> columns; ///< none: the view has facts or items alone
     std::string_view empty;         ///< shown for a table without rows: "no stations"
     std::string_view summary;
     std::string_view operations; ///< the exported operations that it calls, between blanks
     uint32_t (*fetch)(const Arguments &, Answer &);
     std::span<const Field> facts = {}; ///< values of the whole, shown above the table
+    std::string (*text)(const Answer &, Secrets) = nullptr; ///< of a form of its own; else as above
 };
 
 /// The views, family by family.
@@ -48,6 +59,17 @@ int runShow(Request &request);
 
 /// The view as text: facts, a line of column names, and the rows in aligned columns.
 std::string textView(const View &view, const Answer &answer, Secrets secrets);
+
+// ---- Parts of the text
+
+using Line = std::vector<std::string>;
+
+/// Pads all but the last cell of each line to the width of its column.
+std::string aligned(const std::vector<Line> &lines);
+
+/// One line for each value that the getter gave: "channel.mode" and "once". A getter that failed
+/// has one line with its code.
+std::vector<Line> linesOf(const Reading &reading, Secrets secrets);
 
 // ---- Values of columns and facts
 

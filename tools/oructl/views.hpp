@@ -6,5 +6,6 @@
 namespace oructl {
 
 std::span<const View> statusViews();
+std::span<const View> radioViews();
 
 } // namespace oructl
