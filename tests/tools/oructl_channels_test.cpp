@@ -9,7 +9,6 @@
 
 using namespace oru::test;
 using nlohmann::json;
-using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::SizeIs;
 
@@ -107,7 +106,8 @@ const Configuration kConfigurations[] = {
     {"AnyBandOfMode9", "0", kBoth, with(kAny0, {{"radio0.dot11Mode", "9"}}), 37, 36},
     {"ModeAndBandThatMeetNowhere", "1", kUs, {{"radio1.dot11Mode", "3"}}, 37, 0},
     {"ChannelSetBehindItsRange", "0", kBoth, with(kAny0, {{"radio0.bandType", "5"}}), 37, 0},
-    {"ChannelSetOfOtherNumber", "0", kBoth, with(kAny0, {{"radio0.bandType", "4"}}), 37, 36},
+    {"ChannelSet3", "0", kBoth, with(kAny0, {{"radio0.bandType", "3"}}), 37, 36},
+    {"ChannelSet4", "0", kBoth, with(kAny0, {{"radio0.bandType", "4"}}), 37, 36},
     {"FixedRateOf11b", "0", kBoth, with(kAny0, {{"radio0.fixedRate", "65"}}), 37, 13},
     {"FixedRateOf11bAtItsEnd", "0", kBoth, with(kAny0, {{"radio0.fixedRate", "68"}}), 37, 13},
     {"FixedRateBehind11b", "0", kBoth, with(kAny0, {{"radio0.fixedRate", "69"}}), 37, 36},

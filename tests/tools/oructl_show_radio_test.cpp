@@ -10,9 +10,7 @@
 
 using namespace oru::test;
 using nlohmann::json;
-using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::IsEmpty;
 using testing::Not;
 
 namespace {
@@ -69,6 +67,7 @@ TEST_F(ShowRadio, GroupsSettingsByFamilyWithWordsAndUnits)
     const std::string shown = run({"show", "radio", "0"}).out;
     const std::vector<std::string> lines = linesOf(shown);
     EXPECT_THAT(lines[0], testing::MatchesRegex("Radio +Rates"));
+    EXPECT_THAT(shown, Not(HasSubstr("\nRadio"))) << "one heading for switches and options";
     for (const char *heading : {"\nChannel ", "\nDFS ", " MAC\n", " QoS\n", " WPS\n", " Control\n"})
         EXPECT_THAT(shown, HasSubstr(heading));
     EXPECT_THAT(shown, HasSubstr("  bss-width-trigger-scan-interval*  300 seconds  "));
