@@ -102,9 +102,20 @@ TEST_F(ShowRadio, AnItemThatCannotBeReadSaysSoInItsPlace)
     EXPECT_EQ(object["items"]["tx-power"], nullptr);
     EXPECT_EQ(object["items"]["tx-power-adj"], 0);
     EXPECT_EQ(
-        object["failed"]["tx-power"],
+        object["failed"].value("tx-power", json{}),
         (json{{"code", 42}, {"message", "Error in reading element from configuration file"}}));
     EXPECT_FALSE(object["failed"].contains("tx-power-adj"));
+}
+
+TEST_F(ShowRadio, TerselyHasALineForEachItem)
+{
+    set(kWsm, "radio0.txPower", "none");
+    const std::string shown = run({"--terse", "show", "radio", "0"}).out;
+    EXPECT_THAT(shown, HasSubstr("\nmimo\ton\n"));
+    EXPECT_THAT(shown, HasSubstr("\nbasic-rates\t6,12,24\t1,2,5.5,11\t6,12,24\t6,12,24\n"));
+    EXPECT_THAT(shown, HasSubstr("\ntx-power\t\n")) << "can't be read";
+    EXPECT_THAT(run({"--fields", "mimo", "show", "radio", "0"}).err,
+                HasSubstr("no field is called 'mimo'; there is none\n"));
 }
 
 TEST_F(ShowRadio, FailsWhenNothingCanBeRead)
@@ -115,7 +126,7 @@ TEST_F(ShowRadio, FailsWhenNothingCanBeRead)
     remove(kWsm);
     remove(kAa);
     const Transcript run = this->run({"show", "radio", "0"});
-    EXPECT_EQ(run.exit, 1);
+    EXPECT_EQ(run.exit, 7);
     EXPECT_EQ(run.out, "");
     EXPECT_EQ(run.err, "oructl: show radio 0: failed: Error in reading configuration file "
                        "(code 7)\n");

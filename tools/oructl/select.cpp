@@ -15,7 +15,8 @@ std::string noField(std::string_view name, std::span<const Field> fields)
     std::vector<std::string_view> names;
     for (const Field &field : fields)
         if (field.belongsTo(Use::Get)) names.push_back(nameOf(field));
-    return "--fields: no field is called " + quoted(name) + "; there is " + alternatives(names);
+    return "--fields: no field is called " + quoted(name) + "; there is " +
+           (names.empty() ? "none" : alternatives(names));
 }
 
 } // namespace

@@ -74,11 +74,19 @@ bool fetched(const View &view, const Arguments &arguments, Answer &answer, uint3
     return code == ORUSDK_RC_OK && answer.problem.empty();
 }
 
-/// Values alone: a line for each row, or one of the facts where there is nothing else.
+/// Values alone: a line for each row, or one of the facts where there is nothing else. Items of a
+/// view without both have a line each, behind their names.
 std::string terseView(const View &view, const Answer &answer, Secrets secrets)
 {
-    if (view.columns.empty()) return terseLine(view.facts, answer.facts, secrets);
     std::string out;
+    for (const Reading &reading : answer.items) {
+        if (!view.columns.empty() || !view.facts.empty()) break;
+        out.append(reading.item->name).append("\t");
+        const bool good = reading.code == ORUSDK_RC_OK;
+        out += good ? terseLine(reading.item->fields, reading.call.values, secrets) : "\n";
+    }
+    if (!out.empty()) return out;
+    if (view.columns.empty()) return terseLine(view.facts, answer.facts, secrets);
     for (const Row &row : answer.rows) out += terseLine(view.columns, row, secrets);
     return out;
 }
