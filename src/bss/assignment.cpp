@@ -27,7 +27,7 @@ uint32_t oruSdkAssignBss(OruSdkAssignBssParam *param)
         return fail(ORUSDK_RC_FILE_READ, "Unable to read AA file %s", kSecurityFile);
     }
     int32_t stored = 0;
-    if (oruAsfDictGetInt(wsm, key, &stored, 0) != 0) {
+    if (getInt(wsm, key, &stored, 0) != 0) {
         aa.keepOpen(); // intended; the other one is freed
         return fail(ORUSDK_RC_KEY_READ, "Unable to read %s from config file %s", key, kRadioFile);
     }
@@ -52,7 +52,7 @@ uint32_t oruSdkAssignBss(OruSdkAssignBssParam *param)
     }
     param->enable = mask;
 
-    if (oruAsfDictSetString(aa, Key{"bss%d.radioctrl", bss}, Number{mask}) != 0)
+    if (setString(aa, Key{"bss%d.radioctrl", bss}, Number{mask}) != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write featureOptions %d to dictionary", mask);
     if (oruAsfDictSave(aa, kSecurityFile) != 0)
         return fail(ORUSDK_RC_FILE_WRITE, "Unable to write 1x.conf file %s", kSecurityFile);
@@ -69,7 +69,7 @@ uint32_t oruSdkGetAssignBssReq(int32_t bssIndex, uint32_t *mask)
     if (!dict) return fail(ORUSDK_RC_FILE_READ, "Unable to read WSM Defaults file %s", kRadioFile);
     const Key key{"bss%d.radio", bssIndex};
     int32_t value = 0;
-    if (oruAsfDictGetInt(dict, key, &value, 0) != 0)
+    if (getInt(dict, key, &value, 0) != 0)
         return fail(ORUSDK_RC_KEY_READ, "Unable to read %s from config file %s", key, kRadioFile);
     *mask = static_cast<uint32_t>(value);
     return ORUSDK_RC_OK;

@@ -65,7 +65,7 @@ void pushToDriver(int32_t ethNumber, int32_t portVlan)
 uint32_t writeSlot(OruAsfDict *dict, int32_t ethNumber, int32_t slot, const char *vlan)
 {
     const Key key{"eth%d.vid%d", ethNumber, slot};
-    if (oruAsfDictSetString(dict, key, vlan) != 0)
+    if (setString(dict, key, vlan) != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write %s to dictionary", key);
     return ORUSDK_RC_OK;
 }
@@ -85,7 +85,7 @@ uint32_t oruSdkSetEtherVlanId(int32_t argc, char **argv)
     const Dict dict{kRadioFile};
     if (!dict) return fail(ORUSDK_RC_FILE_READ, "Unable to read WSM Defaults file %s", kRadioFile);
     const Key key{"eth%d.pvid", ethNumber};
-    if (oruAsfDictSetString(dict, key, Number{portVlan}) != 0)
+    if (setString(dict, key, Number{portVlan}) != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write %s to dictionary", key);
     pushToDriver(ethNumber, portVlan);
 
@@ -96,9 +96,7 @@ uint32_t oruSdkSetEtherVlanId(int32_t argc, char **argv)
         if (const uint32_t code = writeSlot(dict, ethNumber, i - kFirstSlotArgument, argv[i]);
             code != 0)
             return code;
-    if (oruAsfDictSave(dict, kRadioFile) != 0)
-        return fail(ORUSDK_RC_FILE_WRITE, "Unable to write WSM Defaults file %s", kRadioFile);
-    return ORUSDK_RC_OK;
+    return saveRadioFile(dict);
 }
 
 uint32_t oruSdkGetEtherVlanId(uint16_t *vlanIds, uint32_t *count, uint32_t *pvid, int32_t ethNumber)
@@ -109,7 +107,7 @@ uint32_t oruSdkGetEtherVlanId(uint16_t *vlanIds, uint32_t *count, uint32_t *pvid
     if (!dict) return fail(ORUSDK_RC_FILE_READ, "Unable to read WSM Defaults file %s", kRadioFile);
     const Key portKey{"eth%d.pvid", ethNumber};
     int32_t value = 0;
-    if (oruAsfDictGetInt(dict, portKey, &value, 0) != 0)
+    if (getInt(dict, portKey, &value, 0) != 0)
         return fail(ORUSDK_RC_KEY_READ, "Unable to read %s from config file %s", portKey,
                     kRadioFile);
     *pvid = static_cast<uint32_t>(value);
@@ -118,7 +116,7 @@ uint32_t oruSdkGetEtherVlanId(uint16_t *vlanIds, uint32_t *count, uint32_t *pvid
     for (int32_t slot = 0; slot < kSlots; ++slot) {
         const Key key{"eth%d.vid%d", ethNumber, slot};
         value = 0;
-        if (oruAsfDictGetInt(dict, key, &value, 0) != 0)
+        if (getInt(dict, key, &value, 0) != 0)
             return fail(ORUSDK_RC_KEY_READ, "Unable to read %s from config file %s", key,
                         kRadioFile);
         if (value != 0) vlanIds[used++] = static_cast<uint16_t>(value);

@@ -2,6 +2,7 @@
 #include "core/dict.hpp"
 #include "core/key.hpp"
 #include "core/log.hpp"
+#include "core/store.hpp"
 #include "oruSdk.h"
 
 #include <cstring>
@@ -23,19 +24,19 @@ Key entryKey(int32_t number)
 void removeEntries(OruAsfDict *dict)
 {
     for (int32_t number = 1; number <= kEntries; ++number)
-        oruAsfDictSetString(dict, entryKey(number), nullptr);
+        setString(dict, entryKey(number), nullptr);
 }
 
 uint32_t writeList(OruAsfDict *dict, int32_t count, const char *entries)
 {
-    if (oruAsfDictSetString(dict, "localMacAclCount", Number{count}) != 0)
+    if (setString(dict, "localMacAclCount", Number{count}) != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write localMacAclCount to dictionary");
     removeEntries(dict);
     for (int32_t number = 1; number <= count; ++number, entries += kField) {
         char address[kField];
         std::memcpy(address, entries, kField);
         address[kField - 1] = '\0';
-        if (oruAsfDictSetString(dict, entryKey(number), address) != 0)
+        if (setString(dict, entryKey(number), address) != 0)
             return fail(ORUSDK_RC_DICT_WRITE, "Unable to write localMacAcl.%d to dictionary",
                         number);
     }
@@ -47,7 +48,7 @@ uint32_t readList(OruAsfDict *dict, int32_t count, char *entries)
 {
     for (int32_t number = 1; number <= count; ++number) {
         const char *address = nullptr;
-        if (oruAsfDictGetString(dict, entryKey(number), &address, 0) != 0)
+        if (getString(dict, entryKey(number), &address, 0) != 0)
             return fail(ORUSDK_RC_MAC_ACL_INCOMPLETE,
                         "Unable to read localMacAcl.%d from dictionary", number);
         if (address == nullptr) continue;
@@ -73,10 +74,10 @@ uint32_t oruSdkSetMacAclList(const uint32_t *mode, const int32_t *count, const c
     const Dict dict{kSecurityFile};
     if (!dict)
         return fail(ORUSDK_RC_FILE_READ, "Unable to read AA Defaults file %s", kSecurityFile);
-    if (oruAsfDictSetString(dict, "localMacAcl", Number{*mode}) != 0)
+    if (setString(dict, "localMacAcl", Number{*mode}) != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write localMacAcl to dictionary");
     if (*mode == kModeOff) {
-        oruAsfDictSetString(dict, "localMacAclCount", nullptr);
+        setString(dict, "localMacAclCount", nullptr);
         removeEntries(dict);
     } else {
         if (count == nullptr || entries == nullptr)
@@ -85,9 +86,7 @@ uint32_t oruSdkSetMacAclList(const uint32_t *mode, const int32_t *count, const c
             return fail(ORUSDK_RC_MAC_ACL_COUNT, "Invalid numEntries:%d", *count);
         if (const uint32_t code = writeList(dict, *count, entries); code != 0) return code;
     }
-    if (oruAsfDictSave(dict, kSecurityFile) != 0)
-        return fail(ORUSDK_RC_FILE_WRITE, "Unable to write AA Defaults file %s", kSecurityFile);
-    return ORUSDK_RC_OK;
+    return saveSecurityFile(dict);
 }
 
 uint32_t oruSdkGetMacAclList(uint32_t *mode, int32_t *count, char *entries)
@@ -99,12 +98,12 @@ uint32_t oruSdkGetMacAclList(uint32_t *mode, int32_t *count, char *entries)
     if (!dict)
         return fail(ORUSDK_RC_FILE_READ, "Unable to read AA Defaults file %s", kSecurityFile);
     int32_t value = 0;
-    if (oruAsfDictGetInt(dict, "localMacAcl", &value, 0) != 0)
+    if (getInt(dict, "localMacAcl", &value, 0) != 0)
         return fail(ORUSDK_RC_DICT_READ, "Unable to read localMacAcl from dictionary");
     *mode = static_cast<uint32_t>(value);
     if (*mode == kModeOff || *mode > kLastMode) return ORUSDK_RC_OK;
 
-    if (oruAsfDictGetInt(dict, "localMacAclCount", &value, 0) != 0)
+    if (getInt(dict, "localMacAclCount", &value, 0) != 0)
         return fail(ORUSDK_RC_DICT_READ, "Unable to read localMacAclCount from dictionary");
     *count = value;
     if (*count > kEntries) {

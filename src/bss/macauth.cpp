@@ -31,8 +31,7 @@ uint32_t oruSdkSetMacAuth(const OruSdkMacAuthParam *param)
     const Dict dict{kSecurityFile};
     if (!dict)
         return fail(ORUSDK_RC_FILE_READ, "Unable to read WSM Defaults file %s", kSecurityFile);
-    if (oruAsfDictSetString(dict, Key{"bss%d.macAuthType", param->bssIndex},
-                            Number{param->authType}) != 0)
+    if (setString(dict, Key{"bss%d.macAuthType", param->bssIndex}, Number{param->authType}) != 0)
         return fail(ORUSDK_RC_DICT_WRITE,
                     "Unable to write radio%d MAC static WEP auth type to dictionary",
                     param->radioIndex);
@@ -51,7 +50,7 @@ uint32_t oruSdkGetMacAuth(OruSdkMacAuthParam *param)
     if (!dict)
         return fail(ORUSDK_RC_FILE_READ, "Unable to read AA Defaults file %s", kSecurityFile);
     int32_t authType = 0;
-    if (oruAsfDictGetInt(dict, Key{"bss%d.macAuthType", param->bssIndex}, &authType, 0) != 0)
+    if (getInt(dict, Key{"bss%d.macAuthType", param->bssIndex}, &authType, 0) != 0)
         return fail(ORUSDK_RC_KEY_READ, "Unable to read macAuthType from config file %s",
                     kSecurityFile);
     param->authType = static_cast<uint32_t>(authType);

@@ -3,6 +3,7 @@
 #include "core/dict.hpp"
 #include "core/key.hpp"
 #include "core/log.hpp"
+#include "core/store.hpp"
 #include "oruSdk.h"
 
 #include <cstring>
@@ -52,13 +53,13 @@ uint32_t oruSdkSetWpaPsk(int32_t bssIndex, const char *psk)
     if (!dict)
         return fail(ORUSDK_RC_FILE_READ, "Unable to read AA Defaults file %s", kSecurityFile);
     int32_t wpa = 0;
-    if (oruAsfDictGetBool(dict, Key{"bss%d.wpaEnabled", bssIndex}, &wpa, 0) != 0)
+    if (getBool(dict, Key{"bss%d.wpaEnabled", bssIndex}, &wpa, 0) != 0)
         return fail(ORUSDK_RC_DICT_READ, "Unable to read wpaEnabled from dictionary");
     if (wpa == 0) return fail(ORUSDK_RC_WPA_NOT_ENABLED, "WPA must be enabled");
 
     const Key key{"bss%d.wpaPsk", bssIndex};
     if (psk == nullptr) {
-        if (oruAsfDictSetDelimitedString(dict, key, nullptr) != 0)
+        if (setDelimitedString(dict, key, nullptr) != 0)
             return fail(ORUSDK_RC_DICT_WRITE, "Unable to delete wpaPsk from dictionary");
         return ORUSDK_RC_OK; // without a save, so that the file keeps its key: intended
     }
@@ -66,11 +67,9 @@ uint32_t oruSdkSetWpaPsk(int32_t bssIndex, const char *psk)
         dict.keepOpen(); // a refused key leaves its handle open: intended
         return code;
     }
-    if (oruAsfDictSetDelimitedString(dict, key, psk) != 0)
+    if (setDelimitedString(dict, key, psk) != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write wpaPsk to dictionary");
-    if (oruAsfDictSave(dict, kSecurityFile) != 0)
-        return fail(ORUSDK_RC_FILE_WRITE, "Unable to write AA Defaults file %s", kSecurityFile);
-    return ORUSDK_RC_OK;
+    return saveSecurityFile(dict);
 }
 
 uint32_t oruSdkGetWpaPsk(int32_t bssIndex, char *psk, uint32_t *length)
@@ -82,8 +81,7 @@ uint32_t oruSdkGetWpaPsk(int32_t bssIndex, char *psk, uint32_t *length)
     if (!dict)
         return fail(ORUSDK_RC_FILE_READ, "Unable to read AA Defaults file %s", kSecurityFile);
     const char *text = nullptr;
-    const int32_t textLength =
-        oruAsfDictGetDelimitedString(dict, Key{"bss%d.wpaPsk", bssIndex}, &text, 0);
+    const int32_t textLength = getDelimitedString(dict, Key{"bss%d.wpaPsk", bssIndex}, &text, 0);
     if (textLength < 0 || text == nullptr)
         return fail(ORUSDK_RC_PSK_MISSING, "Unable to read wpaPsk from dictionary");
     std::strncpy(psk, text, kRawKey);

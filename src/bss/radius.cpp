@@ -2,6 +2,7 @@
 #include "core/dict.hpp"
 #include "core/key.hpp"
 #include "core/log.hpp"
+#include "core/store.hpp"
 #include "oruSdk.h"
 
 #include <cstring>
@@ -34,15 +35,15 @@ uint32_t writeServer(OruAsfDict *dict, int32_t number, const OruSdkRadiusServer 
     if (nameLength > kLongestName)
         return fail(ORUSDK_RC_RADIUS_NAME_LENGTH, "Invalid length %d for RADIUS server name",
                     static_cast<int32_t>(nameLength));
-    if (oruAsfDictSetString(dict, Key{"radiusServer.%d", number}, server.name) != 0)
+    if (setString(dict, Key{"radiusServer.%d", number}, server.name) != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write radiusServer.%d to dictionary", number);
-    if (oruAsfDictSetString(dict, Key{"radiusPort.%d", number}, Number{server.port}) != 0)
+    if (setString(dict, Key{"radiusPort.%d", number}, Number{server.port}) != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write radiusPort.%d to dictionary", number);
     const size_t secretLength = lengthOf(server.secret);
     if (secretLength < 1 || secretLength > kLongestSecret)
         return fail(ORUSDK_RC_RADIUS_SECRET_LENGTH, "Invalid length %d for RADIUS server secret",
                     static_cast<int32_t>(secretLength));
-    if (oruAsfDictSetString(dict, Key{"radiusSecret.%d", number}, server.secret) != 0)
+    if (setString(dict, Key{"radiusSecret.%d", number}, server.secret) != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write radiusSecret.%d to dictionary", number);
     return ORUSDK_RC_OK;
 }
@@ -50,10 +51,10 @@ uint32_t writeServer(OruAsfDict *dict, int32_t number, const OruSdkRadiusServer 
 /// Copies a stored text into a field of the record, cut to its room; an absent one leaves the
 /// field.
 template <size_t Room>
-void readText(OruAsfDict *dict, const char *key, char (&field)[Room])
+void readText(OruAsfDict *dict, Key key, char (&field)[Room])
 {
     const char *text = nullptr;
-    if (oruAsfDictGetString(dict, key, &text, 0) != 0 || text == nullptr) return;
+    if (getString(dict, key, &text, 0) != 0 || text == nullptr) return;
     std::strncpy(field, text, Room - 1);
     field[Room - 1] = '\0';
 }
@@ -63,7 +64,7 @@ void readServer(OruAsfDict *dict, int32_t number, OruSdkRadiusServer &server)
 {
     readText(dict, Key{"radiusServer.%d", number}, server.name);
     int32_t port = 0;
-    if (oruAsfDictGetInt(dict, Key{"radiusPort.%d", number}, &port, 0) == 0)
+    if (getInt(dict, Key{"radiusPort.%d", number}, &port, 0) == 0)
         server.port = static_cast<uint32_t>(port);
     readText(dict, Key{"radiusSecret.%d", number}, server.secret);
 }
@@ -89,19 +90,17 @@ uint32_t oruSdkSetRadiusConf(int32_t timeout, int32_t maxTries, int32_t /*deadTi
     const Dict dict{kSecurityFile};
     if (!dict)
         return fail(ORUSDK_RC_FILE_READ, "Unable to read AA Defaults file %s", kSecurityFile);
-    if (oruAsfDictSetString(dict, "radiusTimeout", Number{timeout}) != 0)
+    if (setString(dict, "radiusTimeout", Number{timeout}) != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write radiusTimeout to dictionary");
-    if (oruAsfDictSetString(dict, "radiusMaxTries", Number{maxTries}) != 0)
+    if (setString(dict, "radiusMaxTries", Number{maxTries}) != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write radiusMaxTries to dictionary");
-    if (oruAsfDictSetString(dict, "numRadiusServers", Number{numServers}) != 0)
+    if (setString(dict, "numRadiusServers", Number{numServers}) != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write numRadiusServers to dictionary");
     // Entries of an earlier, longer list stay: intended.
     for (int32_t number = 1; number <= numServers; ++number)
         if (const uint32_t code = writeServer(dict, number, servers[number - 1]); code != 0)
             return code;
-    if (oruAsfDictSave(dict, kSecurityFile) != 0)
-        return fail(ORUSDK_RC_FILE_WRITE, "Unable to write AA Defaults file %s", kSecurityFile);
-    return ORUSDK_RC_OK;
+    return saveSecurityFile(dict);
 }
 
 uint32_t oruSdkGetRadiusConf(uint32_t *timeout, uint32_t *maxTries, uint32_t *deadTime,
@@ -115,16 +114,16 @@ uint32_t oruSdkGetRadiusConf(uint32_t *timeout, uint32_t *maxTries, uint32_t *de
     if (!dict)
         return fail(ORUSDK_RC_FILE_READ, "Unable to read AA Defaults file %s", kSecurityFile);
     int32_t value = 0;
-    if (oruAsfDictGetInt(dict, "radiusTimeout", &value, 0) != 0) {
+    if (getInt(dict, "radiusTimeout", &value, 0) != 0) {
         logError("Unable to read radiusTimeout from dictionary");
         return fail(ORUSDK_RC_NO_RADIUS_SERVER, "Radius server not yet configured\n");
     }
     *timeout = static_cast<uint32_t>(value);
-    if (oruAsfDictGetInt(dict, "radiusMaxTries", &value, 0) != 0)
+    if (getInt(dict, "radiusMaxTries", &value, 0) != 0)
         return fail(ORUSDK_RC_DICT_READ, "Unable to read radiusMaxTries from dictionary");
     *maxTries = static_cast<uint32_t>(value);
     *deadTime = kNoDeadTime;
-    if (oruAsfDictGetInt(dict, "numRadiusServers", &value, 0) != 0)
+    if (getInt(dict, "numRadiusServers", &value, 0) != 0)
         return fail(ORUSDK_RC_DICT_READ, "Unable to read numRadiusServers from dictionary");
     *numServers = static_cast<uint32_t>(value);
     // All three, whatever the count: intended.

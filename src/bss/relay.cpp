@@ -12,15 +12,13 @@ namespace {
 constexpr const char kSuppressSsid[] = "bss%d.suppressSSIDFlag";
 
 /// Neither the index nor the value is checked: intended.
-uint32_t setRelay(const Key &key, int32_t value)
+uint32_t setRelay(Key key, int32_t value)
 {
     const Dict dict{kRadioFile};
     if (!dict) return fail(ORUSDK_RC_FILE_READ, "Unable to read WSM Defaults file %s", kRadioFile);
-    if (oruAsfDictSetString(dict, key, Number{value}) != 0) // names another key: intended
+    if (setString(dict, key, Number{value}) != 0) // names another key: intended
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write fixedRate to dictionary");
-    if (oruAsfDictSave(dict, kRadioFile) != 0)
-        return fail(ORUSDK_RC_FILE_WRITE, "Unable to write WSM Defaults file %s", kRadioFile);
-    return ORUSDK_RC_OK;
+    return saveRadioFile(dict);
 }
 
 } // namespace
@@ -40,11 +38,9 @@ uint32_t oruSdkSetSuppressSsid(OruSdkSuppressSsidParam *param)
         return fail(ORUSDK_RC_OPTION, "Invalid Activation Flag %d for %s", param->suppress, key);
     const Dict dict{kRadioFile};
     if (!dict) return fail(ORUSDK_RC_FILE_READ, "Unable to read WSM Defaults file %s", kRadioFile);
-    if (oruAsfDictSetString(dict, key, Number{param->suppress}) != 0)
+    if (setString(dict, key, Number{param->suppress}) != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write %s to dictionary", key);
-    if (oruAsfDictSave(dict, kRadioFile) != 0)
-        return fail(ORUSDK_RC_FILE_WRITE, "Unable to write WSM Defaults file %s", kRadioFile);
-    return ORUSDK_RC_OK;
+    return saveRadioFile(dict);
 }
 
 uint32_t oruSdkGetSuppressSsid(OruSdkSuppressSsidParam *param)
@@ -56,7 +52,7 @@ uint32_t oruSdkGetSuppressSsid(OruSdkSuppressSsidParam *param)
     if (!dict) return fail(ORUSDK_RC_FILE_READ, "Unable to read WSM Defaults file %s", kRadioFile);
     const Key key{kSuppressSsid, static_cast<int32_t>(param->bssIndex)};
     int32_t value = 0;
-    if (oruAsfDictGetInt(dict, key, &value, 0) != 0)
+    if (getInt(dict, key, &value, 0) != 0)
         return fail(ORUSDK_RC_KEY_READ, "Unable to read %s from config file %s", key, kRadioFile);
     param->suppress = static_cast<uint32_t>(value);
     return ORUSDK_RC_OK;
@@ -74,7 +70,7 @@ uint32_t oruSdkGetIntraBss(int32_t bssIndex, uint32_t *value)
     if (!dict) return fail(ORUSDK_RC_FILE_READ, "Unable to read WSM Defaults file %s", kRadioFile);
     int32_t stored = 0;
     // The support library's status goes to the caller instead of a return code: intended.
-    if (const int32_t status = oruAsfDictGetInt(dict, Key{"bss%d.IntraBSS", bssIndex}, &stored, 0);
+    if (const int32_t status = getInt(dict, Key{"bss%d.IntraBSS", bssIndex}, &stored, 0);
         status != 0)
         return fail(static_cast<uint32_t>(status),
                     "Unable to read intra Bss status from config file %s", kRadioFile);
@@ -94,8 +90,7 @@ uint32_t oruSdkGetInterBss(int32_t radioIndex, uint32_t *value)
     if (!dict) return fail(ORUSDK_RC_FILE_READ, "Unable to read WSM Defaults file %s", kRadioFile);
     int32_t stored = 0;
     // The support library's status, as above: intended.
-    if (const int32_t status =
-            oruAsfDictGetInt(dict, Key{"InterBSS.radio%d", radioIndex}, &stored, 0);
+    if (const int32_t status = getInt(dict, Key{"InterBSS.radio%d", radioIndex}, &stored, 0);
         status != 0)
         return fail(static_cast<uint32_t>(status),
                     "Unable to read inter Bss status from config file");

@@ -14,45 +14,40 @@ constexpr int32_t kOnly11n = 9; // "dot11Mode"
 uint32_t switchOpenOn(Dict &aa, Dict &wsm, int32_t bss)
 {
     int32_t value = 0;
-    if (oruAsfDictGetInt(wsm, "dot11Mode", &value, 0) != 0)
+    if (getInt(wsm, "dot11Mode", &value, 0) != 0)
         return fail(ORUSDK_RC_KEY_READ, "Unable to read dot11Mode from config file");
     if (value == kOnly11n) {
         aa.keepOpen(); // both: intended
         wsm.keepOpen();
         return fail(ORUSDK_RC_SECURITY_MODE, "Open mode should not set since 11mode is 11n ONLY\n");
     }
-    if (oruAsfDictGetBool(aa, Key{"bss%d.wepEnabled", bss}, &value, 0) != 0)
+    if (getBool(aa, Key{"bss%d.wepEnabled", bss}, &value, 0) != 0)
         return fail(ORUSDK_RC_DICT_READ, "Unable to read wepEnabledfrom dictionary");
     if (value != 0) return fail(ORUSDK_RC_WEP_ENABLED, "WEP must not be enabled");
-    if (oruAsfDictGetBool(aa, Key{"bss%d.wpaEnabled", bss}, &value, 0) != 0)
+    if (getBool(aa, Key{"bss%d.wpaEnabled", bss}, &value, 0) != 0)
         return fail(ORUSDK_RC_DICT_READ, "Unable to read wpaEnabled from dictionary");
     if (value != 0) return fail(ORUSDK_RC_WPA_ENABLED, "WPA must not be enabled");
 
-    if (oruAsfDictSetString(aa, Key{"bss%d.openAccessEnabled", bss}, "true") != 0)
+    if (setString(aa, Key{"bss%d.openAccessEnabled", bss}, "true") != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write openAccessEnabled to dictionary");
-    if (oruAsfDictSetString(wsm, Key{"bss%d.BpRSNFlag", bss}, "0") != 0)
+    if (setString(wsm, Key{"bss%d.BpRSNFlag", bss}, "0") != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write BpRSNFlag to dictionary");
-    if (oruAsfDictSave(wsm, kRadioFile) != 0)
-        return fail(ORUSDK_RC_FILE_WRITE, "Unable to write WSM Defaults file %s", kRadioFile);
-    return ORUSDK_RC_OK;
+    return saveRadioFile(wsm);
 }
 
 uint32_t switchWpaOff(Dict &aa, Dict &wsm, int32_t bss)
 {
-    if (oruAsfDictSetString(aa, Key{"bss%d.wpaEnabled", bss}, "false") != 0)
+    if (setString(aa, Key{"bss%d.wpaEnabled", bss}, "false") != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write wpaEnabled to dictionary");
     wsm.keepOpen(); // the file is opened again, and the first handle never freed: intended
     const Dict again{kRadioFile};
     if (!again) return fail(ORUSDK_RC_FILE_READ, "Unable to read WSM Defaults file %s", kRadioFile);
-    if (oruAsfDictSetString(again, Key{"bss%d.BpRSNFlag", bss}, "0") != 0)
+    if (setString(again, Key{"bss%d.BpRSNFlag", bss}, "0") != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write BpRSNFlag to dictionary");
-    if (oruAsfDictSetString(again, Key{"bss%d.BpPskFlag", bss}, "0") != 0)
+    if (setString(again, Key{"bss%d.BpPskFlag", bss}, "0") != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write BpPskFlag to dictionary");
-    if (oruAsfDictSave(again, kRadioFile) != 0)
-        return fail(ORUSDK_RC_FILE_WRITE, "Unable to write WSM Defaults file %s", kRadioFile);
-    if (oruAsfDictSave(aa, kSecurityFile) != 0)
-        return fail(ORUSDK_RC_FILE_WRITE, "Unable to write AA Defaults file %s", kSecurityFile);
-    return ORUSDK_RC_OK;
+    if (const uint32_t code = saveRadioFile(again); code != 0) return code;
+    return saveSecurityFile(aa);
 }
 
 struct Wpa {
@@ -65,16 +60,16 @@ struct Wpa {
 uint32_t checkWpa(Dict &aa, Dict &wsm, int32_t bss, const Wpa &wpa)
 {
     int32_t value = 0;
-    if (oruAsfDictGetBool(aa, Key{"bss%d.openAccessEnabled", bss}, &value, 0) != 0)
+    if (getBool(aa, Key{"bss%d.openAccessEnabled", bss}, &value, 0) != 0)
         return fail(ORUSDK_RC_DICT_READ, "Unable to read openAccessEnabled dictionary");
     if (value != 0) return fail(ORUSDK_RC_OPEN_ENABLED, "OPEN must not be enabled");
-    if (oruAsfDictGetBool(aa, Key{"bss%d.wepEnabled", bss}, &value, 0) != 0)
+    if (getBool(aa, Key{"bss%d.wepEnabled", bss}, &value, 0) != 0)
         return fail(ORUSDK_RC_DICT_READ, "Unable to read wepEnabledfrom dictionary");
     if (value != 0) return fail(ORUSDK_RC_WEP_ENABLED, "WEP must not be enabled");
     if (wpa.auth > 1) // a negative type passes: intended
         return fail(ORUSDK_RC_AUTH_TYPE, "Invalid authType %d", wpa.auth);
     if (wpa.encryption > 2) return fail(ORUSDK_RC_ENC_TYPE, "Invalid encType %d", wpa.encryption);
-    if (oruAsfDictGetInt(wsm, "dot11Mode", &value, 0) != 0)
+    if (getInt(wsm, "dot11Mode", &value, 0) != 0)
         return fail(ORUSDK_RC_KEY_READ, "Unable to read dot11Mode from config file");
     if (value == kOnly11n && wpa.encryption != 0) {
         aa.keepOpen(); // both: intended
@@ -88,27 +83,24 @@ uint32_t switchWpaOn(Dict &aa, Dict &wsm, int32_t bss, const Wpa &wpa)
 {
     if (const uint32_t code = checkWpa(aa, wsm, bss, wpa); code != 0) return code;
 
-    if (oruAsfDictSetString(aa, Key{"bss%d.wpaEnabled", bss}, "true") != 0)
+    if (setString(aa, Key{"bss%d.wpaEnabled", bss}, "true") != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write wpaEnabled to dictionary");
-    if (oruAsfDictSetString(aa, Key{"bss%d.wpaAuthTypes", bss}, Number{wpa.auth}) != 0)
+    if (setString(aa, Key{"bss%d.wpaAuthTypes", bss}, Number{wpa.auth}) != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write wpaAuthTypes to dictionary");
-    if (oruAsfDictSetString(aa, Key{"bss%d.wpaEncTypes", bss}, Number{wpa.encryption}) != 0)
+    if (setString(aa, Key{"bss%d.wpaEncTypes", bss}, Number{wpa.encryption}) != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write wpaEncTypes to dictionary");
-    if (oruAsfDictSetString(aa, Key{"bss%d.mixedIeMode", bss}, Number{wpa.mode}) != 0)
+    if (setString(aa, Key{"bss%d.mixedIeMode", bss}, Number{wpa.mode}) != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write mixedIeMode to dictionary");
 
-    if (oruAsfDictSetString(wsm, Key{"bss%d.BpRSNFlag", bss}, Number{wpa.encryption + 1}) != 0)
+    if (setString(wsm, Key{"bss%d.BpRSNFlag", bss}, Number{wpa.encryption + 1}) != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write BpRSNFlag to dictionary");
-    if (oruAsfDictSetString(wsm, Key{"bss%d.BpPskFlag", bss}, Number{wpa.auth}) != 0)
+    if (setString(wsm, Key{"bss%d.BpPskFlag", bss}, Number{wpa.auth}) != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write BpPskFlag to dictionary");
-    if (oruAsfDictSetString(wsm, Key{"bss%d.wpsstate", bss}, "2") != 0)
+    if (setString(wsm, Key{"bss%d.wpsstate", bss}, "2") != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write wpsstate to dictionary");
 
-    if (oruAsfDictSave(wsm, kRadioFile) != 0)
-        return fail(ORUSDK_RC_FILE_WRITE, "Unable to write WSM Defaults file %s", kRadioFile);
-    if (oruAsfDictSave(aa, kSecurityFile) != 0)
-        return fail(ORUSDK_RC_FILE_WRITE, "Unable to write AA Defaults file %s", kSecurityFile);
-    return ORUSDK_RC_OK;
+    if (const uint32_t code = saveRadioFile(wsm); code != 0) return code;
+    return saveSecurityFile(aa);
 }
 
 } // namespace
@@ -130,12 +122,10 @@ uint32_t oruSdkSetSecModeOpen(int32_t bssIndex, uint32_t enable)
 
     if (enable == 1) {
         if (const uint32_t code = switchOpenOn(aa, wsm, bssIndex); code != 0) return code;
-    } else if (oruAsfDictSetString(aa, Key{"bss%d.openAccessEnabled", bssIndex}, "false") != 0) {
+    } else if (setString(aa, Key{"bss%d.openAccessEnabled", bssIndex}, "false") != 0) {
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write openAccessEnabled to dictionary");
     }
-    if (oruAsfDictSave(aa, kSecurityFile) != 0)
-        return fail(ORUSDK_RC_FILE_WRITE, "Unable to write AA Defaults file %s", kSecurityFile);
-    return ORUSDK_RC_OK;
+    return saveSecurityFile(aa);
 }
 
 uint32_t oruSdkGetSecModeOpen(int32_t bssIndex, uint32_t *enabled)
@@ -145,7 +135,7 @@ uint32_t oruSdkGetSecModeOpen(int32_t bssIndex, uint32_t *enabled)
     const Dict aa{kSecurityFile};
     if (!aa) return fail(ORUSDK_RC_FILE_READ, "Unable to read AA Defaults file %s", kSecurityFile);
     int32_t value = 0;
-    if (oruAsfDictGetBool(aa, Key{"bss%d.openAccessEnabled", bssIndex}, &value, 0) != 0)
+    if (getBool(aa, Key{"bss%d.openAccessEnabled", bssIndex}, &value, 0) != 0)
         return fail(ORUSDK_RC_DICT_READ, "Unable to read openAccessEnabled from dictionary");
     *enabled = static_cast<uint32_t>(value);
     return ORUSDK_RC_OK;
@@ -172,7 +162,7 @@ uint32_t oruSdkGetSecModeWpa(int32_t bssIndex, uint32_t *wpaMode, uint32_t *auth
     const Dict aa{kSecurityFile};
     if (!aa) return fail(ORUSDK_RC_FILE_READ, "Unable to read AA Defaults file %s", kSecurityFile);
     int32_t value = 0;
-    if (oruAsfDictGetBool(aa, Key{"bss%d.wpaEnabled", bssIndex}, &value, 0) != 0)
+    if (getBool(aa, Key{"bss%d.wpaEnabled", bssIndex}, &value, 0) != 0)
         return fail(ORUSDK_RC_DICT_READ, "Unable to read wpaEnabled from dictionary");
     if (value == 0) {
         *wpaMode = 0;
@@ -180,18 +170,18 @@ uint32_t oruSdkGetSecModeWpa(int32_t bssIndex, uint32_t *wpaMode, uint32_t *auth
     }
 
     value = 0;
-    if (oruAsfDictGetInt(aa, Key{"bss%d.mixedIeMode", bssIndex}, &value, 1) != 0) {
+    if (getInt(aa, Key{"bss%d.mixedIeMode", bssIndex}, &value, 1) != 0) {
         logWarning("Unable to read mixedIeMode from dictionary, using 1");
         value = 1;
     }
     *wpaMode = static_cast<uint32_t>(value);
     value = 0;
-    if (oruAsfDictGetInt(aa, Key{"bss%d.wpaAuthTypes", bssIndex}, &value, 0) != 0)
+    if (getInt(aa, Key{"bss%d.wpaAuthTypes", bssIndex}, &value, 0) != 0)
         return fail(ORUSDK_RC_KEY_READ, "Unable to read wpaAuthTypes from config file %s",
                     kSecurityFile);
     *authType = static_cast<uint32_t>(value);
     value = 0;
-    if (oruAsfDictGetInt(aa, Key{"bss%d.wpaEncTypes", bssIndex}, &value, 0) != 0)
+    if (getInt(aa, Key{"bss%d.wpaEncTypes", bssIndex}, &value, 0) != 0)
         return fail(ORUSDK_RC_KEY_READ, "Unable to read wpaEncTypes from config file %s",
                     kSecurityFile);
     *encType = static_cast<uint32_t>(value);

@@ -18,8 +18,8 @@ uint32_t leaveUnconfiguredState(OruAsfDict *wsm, int32_t bss)
 {
     const Key key{"bss%d.wpsstate", bss};
     int32_t state = 0;
-    if (oruAsfDictGetInt(wsm, key, &state, 0) != 0 || state != kNotConfigured) return ORUSDK_RC_OK;
-    if (oruAsfDictSetString(wsm, key, "2") != 0)
+    if (getInt(wsm, key, &state, 0) != 0 || state != kNotConfigured) return ORUSDK_RC_OK;
+    if (setString(wsm, key, "2") != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write wpsstate to dictionary");
     return ORUSDK_RC_OK;
 }
@@ -49,15 +49,14 @@ uint32_t oruSdkSetSsid(int32_t bssIndex, const char *ssid)
     char text[kSsidLength + 1] = {}; // a longer SSID is cut
     memcpy(text, ssid, strnlen(ssid, kSsidLength));
     const Key key{"bss%d.ssId", bssIndex};
-    if (oruAsfDictSetDelimitedString(wsm, key, text) != 0)
+    if (setDelimitedString(wsm, key, text) != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write ssId to dictionary");
     const Dict aa{kSecurityFile};
     if (!aa) return fail(ORUSDK_RC_FILE_READ, "Unable to read AA Defaults file %s", kSecurityFile);
-    if (oruAsfDictSetDelimitedString(aa, key, text) != 0)
+    if (setDelimitedString(aa, key, text) != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write ssid to dictionary");
 
-    if (oruAsfDictSave(wsm, kRadioFile) != 0)
-        return fail(ORUSDK_RC_FILE_WRITE, "Unable to write WSM Defaults file %s", kRadioFile);
+    if (const uint32_t code = saveRadioFile(wsm); code != 0) return code;
     if (oruAsfDictSave(aa, kSecurityFile) != 0) // names the first file: intended
         return fail(ORUSDK_RC_FILE_WRITE, "Unable to write AA Defaults file %s", kRadioFile);
     return ORUSDK_RC_OK;
@@ -72,8 +71,7 @@ uint32_t oruSdkGetSsid(int32_t bssIndex, char ssid[33], uint32_t *length)
     if (!dict) return fail(ORUSDK_RC_FILE_READ, "Unable to read WSM Defaults file %s", kRadioFile);
 
     const char *stored = nullptr;
-    const int32_t size =
-        oruAsfDictGetDelimitedString(dict, Key{"bss%d.ssId", bssIndex}, &stored, 0);
+    const int32_t size = getDelimitedString(dict, Key{"bss%d.ssId", bssIndex}, &stored, 0);
     if (size < 0 || stored == nullptr) // names the other file: intended
         return fail(ORUSDK_RC_KEY_READ, "Unable to read ssid from config file %s", kSecurityFile);
     if (size > static_cast<int32_t>(kSsidLength))

@@ -32,15 +32,12 @@ uint32_t oruSdkSetSecTimeouts(const OruSdkSecTimeoutsParam *param, uint8_t bssIn
     const Dict dict{kSecurityFile};
     if (!dict)
         return fail(ORUSDK_RC_FILE_READ, "Unable to read AA Defaults file %s", kSecurityFile);
-    if (oruAsfDictSetString(dict, Key{"bss%d.sessionTimeout", bssIndex},
-                            Number{param->sessionTimeout}) != 0)
+    if (setString(dict, Key{"bss%d.sessionTimeout", bssIndex}, Number{param->sessionTimeout}) != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write sessionTimeout to dictionary");
-    if (oruAsfDictSetString(dict, Key{"bss%d.groupKeyTimeout", bssIndex},
-                            Number{param->groupKeyTimeout}) != 0)
+    if (setString(dict, Key{"bss%d.groupKeyTimeout", bssIndex}, Number{param->groupKeyTimeout}) !=
+        0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write groupKeyTimeout to dictionary");
-    if (oruAsfDictSave(dict, kSecurityFile) != 0)
-        return fail(ORUSDK_RC_FILE_WRITE, "Unable to write AA Defaults file %s", kSecurityFile);
-    return ORUSDK_RC_OK;
+    return saveSecurityFile(dict);
 }
 
 uint32_t oruSdkGetSecTimeouts(OruSdkSecTimeoutsParam *param, uint8_t bssIndex)
@@ -53,11 +50,11 @@ uint32_t oruSdkGetSecTimeouts(OruSdkSecTimeoutsParam *param, uint8_t bssIndex)
     if (!dict)
         return fail(ORUSDK_RC_FILE_READ, "Unable to read AA Defaults file %s", kSecurityFile);
     int32_t seconds = 0;
-    if (oruAsfDictGetInt(dict, Key{"bss%d.sessionTimeout", bssIndex}, &seconds, 0) != 0)
+    if (getInt(dict, Key{"bss%d.sessionTimeout", bssIndex}, &seconds, 0) != 0)
         return fail(ORUSDK_RC_KEY_READ, "Unable to read sessionTimeout from config file %s",
                     kSecurityFile);
     param->sessionTimeout = seconds;
-    if (oruAsfDictGetInt(dict, Key{"bss%d.groupKeyTimeout", bssIndex}, &seconds, 0) != 0)
+    if (getInt(dict, Key{"bss%d.groupKeyTimeout", bssIndex}, &seconds, 0) != 0)
         return fail(ORUSDK_RC_KEY_READ, "Unable to read groupKeyTimeout from config file %s",
                     kSecurityFile);
     param->groupKeyTimeout = seconds;

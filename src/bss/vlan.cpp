@@ -18,11 +18,9 @@ uint32_t oruSdkSetVlanId(int32_t bssIndex, uint32_t vlanId)
     const Dict dict{kRadioFile};
     if (!dict) return fail(ORUSDK_RC_FILE_READ, "Unable to read WSM Defaults file %s", kRadioFile);
     const Key key{"bss%d.wvid", bssIndex};
-    if (oruAsfDictSetString(dict, key, Number{vlanId}) != 0)
+    if (setString(dict, key, Number{vlanId}) != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write %s to dictionary", key);
-    if (oruAsfDictSave(dict, kRadioFile) != 0)
-        return fail(ORUSDK_RC_FILE_WRITE, "Unable to write WSM Defaults file %s", kRadioFile);
-    return ORUSDK_RC_OK;
+    return saveRadioFile(dict);
 }
 
 // The result comes first and the index is unsigned, unlike its setter's: intended.
@@ -34,7 +32,7 @@ uint32_t oruSdkGetVlanId(uint32_t *vlanId, uint32_t bssIndex)
     if (!dict) return fail(ORUSDK_RC_FILE_READ, "Unable to read WSM Defaults file %s", kRadioFile);
     const Key key{"bss%d.wvid", static_cast<int32_t>(bssIndex)};
     int32_t value = 0;
-    if (oruAsfDictGetInt(dict, key, &value, 0) != 0)
+    if (getInt(dict, key, &value, 0) != 0)
         return fail(ORUSDK_RC_KEY_READ, "Unable to read %s from config file %s", key, kRadioFile);
     *vlanId = static_cast<uint32_t>(value);
     return ORUSDK_RC_OK;

@@ -29,13 +29,11 @@ uint32_t switchWepOff(int32_t bss)
 {
     const Dict aa{kSecurityFile};
     if (!aa) return fail(ORUSDK_RC_FILE_READ, "Unable to read AA Defaults file %s", kSecurityFile);
-    if (oruAsfDictSetString(aa, Key{"bss%d.wepEnabled", bss}, "false") != 0)
+    if (setString(aa, Key{"bss%d.wepEnabled", bss}, "false") != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write wepEnabled to dictionary");
-    if (oruAsfDictSetString(aa, Key{"bss%d.dynamicWepEnabled", bss}, "false") != 0)
+    if (setString(aa, Key{"bss%d.dynamicWepEnabled", bss}, "false") != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write dynamicWepEnabled to dictionary");
-    if (oruAsfDictSave(aa, kSecurityFile) != 0)
-        return fail(ORUSDK_RC_FILE_WRITE, "Unable to write AA Defaults file %s", kSecurityFile);
-    return ORUSDK_RC_OK;
+    return saveSecurityFile(aa);
 }
 
 /// The lines hold the keys themselves: intended.
@@ -67,10 +65,10 @@ uint32_t checkKeys(const Wep &wep)
 uint32_t checkOtherModes(OruAsfDict *aa, int32_t bss)
 {
     int32_t value = 0;
-    if (oruAsfDictGetBool(aa, Key{"bss%d.openAccessEnabled", bss}, &value, 0) != 0)
+    if (getBool(aa, Key{"bss%d.openAccessEnabled", bss}, &value, 0) != 0)
         return fail(ORUSDK_RC_DICT_READ, "Unable to read openAccessEnabled dictionary");
     if (value != 0) return fail(ORUSDK_RC_OPEN_ENABLED, "OPEN must not be enabled");
-    if (oruAsfDictGetBool(aa, Key{"bss%d.wpaEnabled", bss}, &value, 0) != 0)
+    if (getBool(aa, Key{"bss%d.wpaEnabled", bss}, &value, 0) != 0)
         return fail(ORUSDK_RC_DICT_READ, "Unable to read wpaEnabled dictionary");
     if (value != 0) return fail(ORUSDK_RC_WPA_ENABLED, "WPA must not be enabled");
     return ORUSDK_RC_OK;
@@ -79,14 +77,13 @@ uint32_t checkOtherModes(OruAsfDict *aa, int32_t bss)
 /// Key length and default key are written for dynamic WEP, too.
 uint32_t writeMode(OruAsfDict *aa, int32_t bss, const Wep &wep)
 {
-    if (oruAsfDictSetString(aa, Key{"bss%d.wepEnabled", bss}, "true") != 0)
+    if (setString(aa, Key{"bss%d.wepEnabled", bss}, "true") != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write wepEnabled to dictionary");
-    if (oruAsfDictSetString(aa, Key{"bss%d.dynamicWepEnabled", bss},
-                            wep.dynamic() ? "true" : "false") != 0)
+    if (setString(aa, Key{"bss%d.dynamicWepEnabled", bss}, wep.dynamic() ? "true" : "false") != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write dynamicWepEnabled to dictionary");
-    if (oruAsfDictSetString(aa, Key{"bss%d.wepKeyLen", bss}, Number{wep.keyLength}) != 0)
+    if (setString(aa, Key{"bss%d.wepKeyLen", bss}, Number{wep.keyLength}) != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write wepKeyLen to dictionary");
-    if (oruAsfDictSetString(aa, Key{"bss%d.wepDefaultKey", bss}, Number{wep.defaultKeyId}) != 0)
+    if (setString(aa, Key{"bss%d.wepDefaultKey", bss}, Number{wep.defaultKeyId}) != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write wepDefaultKey to dictionary");
     return ORUSDK_RC_OK;
 }
@@ -116,9 +113,9 @@ uint32_t writeKeys(OruAsfDict *aa, int32_t bss, const Wep &wep)
         const Key name{"bss%d.wepKey.%d", bss, number};
         const char *key = wep.keys[number - 1];
         if (key == nullptr) {
-            if (oruAsfDictSetString(aa, name, nullptr) != 0)
+            if (setString(aa, name, nullptr) != 0)
                 logInfo("Unable to delete wepkeyArr[i] from dictionary");
-        } else if (oruAsfDictSetString(aa, name, JoinedKey{key}) != 0) {
+        } else if (setString(aa, name, JoinedKey{key}) != 0) {
             return fail(ORUSDK_RC_DICT_WRITE, "Unable to write wepkeyArr[i] to dictionary");
         }
     }
@@ -143,7 +140,7 @@ uint32_t readKeys(OruAsfDict *aa, int32_t bss, char *const (&keys)[kKeys])
         char *key = keys[number - 1];
         if (key == nullptr) return fail(ORUSDK_RC_NULL_POINTER, "NULL pointer");
         const char *stored = nullptr; // a key that can't be read is an empty one
-        oruAsfDictGetString(aa, Key{"bss%d.wepKey.%d", bss, number}, &stored, 0);
+        getString(aa, Key{"bss%d.wepKey.%d", bss, number}, &stored, 0);
         splitKey(stored, key);
     }
     return ORUSDK_RC_OK;
@@ -168,7 +165,7 @@ uint32_t oruSdkSetSecModeWep(int32_t bssIndex, uint32_t enable, int32_t keyLengt
     Dict wsm{kRadioFile};
     if (!wsm) return fail(ORUSDK_RC_FILE_READ, "Unable to read WSM Defaults file %s", kRadioFile);
     int32_t dot11Mode = 0;
-    if (oruAsfDictGetInt(wsm, "dot11Mode", &dot11Mode, 0) != 0)
+    if (getInt(wsm, "dot11Mode", &dot11Mode, 0) != 0)
         return fail(ORUSDK_RC_KEY_READ, "Unable to read dot11Mode from config file");
     if (dot11Mode == kOnly11n) {
         wsm.keepOpen();                 // intended
@@ -183,14 +180,11 @@ uint32_t oruSdkSetSecModeWep(int32_t bssIndex, uint32_t enable, int32_t keyLengt
 
     if (const uint32_t code = writeMode(aa, bssIndex, wep); code != 0) return code;
     // The radio side is saved before the keys are written: intended.
-    if (oruAsfDictSetString(wsm, Key{"bss%d.BpRSNFlag", bssIndex}, "0") != 0)
+    if (setString(wsm, Key{"bss%d.BpRSNFlag", bssIndex}, "0") != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write BpRSNFlag to dictionary");
-    if (oruAsfDictSave(wsm, kRadioFile) != 0)
-        return fail(ORUSDK_RC_FILE_WRITE, "Unable to write WSM Defaults file %s", kRadioFile);
+    if (const uint32_t code = saveRadioFile(wsm); code != 0) return code;
     if (const uint32_t code = writeKeys(aa, bssIndex, wep); code != 0) return code;
-    if (oruAsfDictSave(aa, kSecurityFile) != 0)
-        return fail(ORUSDK_RC_FILE_WRITE, "Unable to write AA Defaults file %s", kSecurityFile);
-    return ORUSDK_RC_OK;
+    return saveSecurityFile(aa);
 }
 
 uint32_t oruSdkGetSecModeWep(int32_t bssIndex, uint32_t *enabled, uint32_t *keyLength,
@@ -202,7 +196,7 @@ uint32_t oruSdkGetSecModeWep(int32_t bssIndex, uint32_t *enabled, uint32_t *keyL
     if (!aa) return fail(ORUSDK_RC_FILE_READ, "Unable to read AA Defaults file %s", kSecurityFile);
     // Each result is looked at when its turn comes; while WEP is off, most may be NULL.
     int32_t value = 0;
-    if (oruAsfDictGetBool(aa, Key{"bss%d.wepEnabled", bssIndex}, &value, 0) != 0)
+    if (getBool(aa, Key{"bss%d.wepEnabled", bssIndex}, &value, 0) != 0)
         return fail(ORUSDK_RC_DICT_READ, "Unable to read wepEnabled dictionary");
     if (enabled == nullptr) return fail(ORUSDK_RC_NULL_POINTER, "NULL pointer");
     *enabled = static_cast<uint32_t>(value);
@@ -210,12 +204,12 @@ uint32_t oruSdkGetSecModeWep(int32_t bssIndex, uint32_t *enabled, uint32_t *keyL
 
     value = 0;
     if (keyLength == nullptr) return fail(ORUSDK_RC_NULL_POINTER, "NULL pointer");
-    if (oruAsfDictGetInt(aa, Key{"bss%d.wepKeyLen", bssIndex}, &value, 0) != 0)
+    if (getInt(aa, Key{"bss%d.wepKeyLen", bssIndex}, &value, 0) != 0)
         return fail(ORUSDK_RC_DICT_READ, "Unable to read wepKeyLen dictionary");
     *keyLength = static_cast<uint32_t>(value);
     value = 0;
     if (defaultKeyId == nullptr) return fail(ORUSDK_RC_NULL_POINTER, "NULL pointer");
-    if (oruAsfDictGetInt(aa, Key{"bss%d.wepDefaultKey", bssIndex}, &value, 0) != 0)
+    if (getInt(aa, Key{"bss%d.wepDefaultKey", bssIndex}, &value, 0) != 0)
         return fail(ORUSDK_RC_DICT_READ, "Unable to read wepDefaultKey dictionary");
     *defaultKeyId = static_cast<uint32_t>(value);
     return readKeys(aa, bssIndex, {key1, key2, key3, key4});

@@ -19,17 +19,16 @@ uint32_t checkWpa(OruAsfDict *dict, int32_t bss)
     constexpr int32_t kRadius = 0;
     constexpr int32_t kPreSharedKey = 1;
     int32_t auth = 0;
-    if (oruAsfDictGetInt(dict, Key{"bss%d.wpaAuthTypes", bss}, &auth, 0) == -1)
+    if (getInt(dict, Key{"bss%d.wpaAuthTypes", bss}, &auth, 0) == -1)
         return fail(ORUSDK_RC_AUTH_TYPE_MISSING, "Unable to read wpaAuthTypes from dictionary");
     int32_t encryption = 0;
-    if (oruAsfDictGetInt(dict, Key{"bss%d.wpaEncTypes", bss}, &encryption, 0) == -1)
+    if (getInt(dict, Key{"bss%d.wpaEncTypes", bss}, &encryption, 0) == -1)
         return fail(ORUSDK_RC_ENC_TYPE_MISSING, "Unable to read wpaEncTypes from dictionary");
     int32_t mixedIe = 0;
-    if (oruAsfDictGetInt(dict, Key{"bss%d.mixedIeMode", bss}, &mixedIe, 1) == -1)
+    if (getInt(dict, Key{"bss%d.mixedIeMode", bss}, &mixedIe, 1) == -1)
         logWarning("Unable to read mixedIeMode from dictionary, set to 1");
     const char *psk = nullptr;
-    if (auth == kPreSharedKey &&
-        oruAsfDictGetDelimitedString(dict, Key{"bss%d.wpaPsk", bss}, &psk, 0) < 0)
+    if (auth == kPreSharedKey && getDelimitedString(dict, Key{"bss%d.wpaPsk", bss}, &psk, 0) < 0)
         return fail(ORUSDK_RC_PSK_MISSING, "Unable to read wpaPsk from dictionary");
     if (auth == kRadius && !sdkRadiusServerConfigured(dict, kRadiusServers))
         return fail(ORUSDK_RC_NO_RADIUS_SERVER, "No RADIUS servers have been configured");
@@ -39,17 +38,17 @@ uint32_t checkWpa(OruAsfDict *dict, int32_t bss)
 uint32_t checkBss(OruAsfDict *dict, int32_t bss)
 {
     int32_t open = 0;
-    if (oruAsfDictGetBool(dict, Key{"bss%d.openAccessEnabled", bss}, &open, 0) != 0)
+    if (getBool(dict, Key{"bss%d.openAccessEnabled", bss}, &open, 0) != 0)
         return fail(ORUSDK_RC_DICT_READ, "Unable to read openAccessEnabled dictionary");
     int32_t wpa = 0;
-    if (oruAsfDictGetBool(dict, Key{"bss%d.wpaEnabled", bss}, &wpa, 0) != 0)
+    if (getBool(dict, Key{"bss%d.wpaEnabled", bss}, &wpa, 0) != 0)
         return fail(ORUSDK_RC_DICT_READ, "Unable to read wpaEnabled from dictionary");
     int32_t wep = 0;
-    if (oruAsfDictGetBool(dict, Key{"bss%d.wepEnabled", bss}, &wep, 0) != 0)
+    if (getBool(dict, Key{"bss%d.wepEnabled", bss}, &wep, 0) != 0)
         return fail(ORUSDK_RC_DICT_READ, "Unable to read wepEnabled from dictionary");
     int32_t dynamicWep = 0;
     // Everywhere else the key is "dynamicWepEnabled"; this check has always read this one.
-    if (oruAsfDictGetBool(dict, Key{"bss%d.dynWepEnabled", bss}, &dynamicWep, 0) != 0) {
+    if (getBool(dict, Key{"bss%d.dynWepEnabled", bss}, &dynamicWep, 0) != 0) {
         logWarning("Unable to read dynamicWepEnabled from dictionary, set to 0");
         dynamicWep = 0;
     }

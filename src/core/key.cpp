@@ -1,5 +1,7 @@
 #include "core/key.hpp"
 
+#include <cstddef>
+
 namespace oru {
 
 char *writeDecimal(char *at, int32_t value)
@@ -19,17 +21,17 @@ char *writeDecimal(char *at, int32_t value)
     return at;
 }
 
-Key::Key(const char *pattern, int32_t first, int32_t second)
+KeyText::KeyText(const Key &key)
 {
     constexpr size_t kLongestNumber = 11;
-    const int32_t indexes[] = {first, second};
+    const char *pattern = key.pattern;
     size_t used = 0;
     char *at = text_;
     const char *end = text_ + sizeof text_ - 1;
     for (; *pattern != '\0' && at < end; ++pattern) {
         if (pattern[0] == '%' && pattern[1] == 'd' && used < 2) {
             if (static_cast<size_t>(end - at) < kLongestNumber) break;
-            at = writeDecimal(at, indexes[used++]);
+            at = writeDecimal(at, key.indexes[used++]);
             ++pattern;
         } else {
             *at++ = *pattern;
@@ -38,9 +40,9 @@ Key::Key(const char *pattern, int32_t first, int32_t second)
     *at = '\0';
 }
 
-Number::Number(int32_t value)
+NumberText::NumberText(Number number)
 {
-    *writeDecimal(text_, value) = '\0';
+    *writeDecimal(text_, number.value) = '\0';
 }
 
 } // namespace oru

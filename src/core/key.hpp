@@ -1,15 +1,27 @@
-// Texts of fixed room: configuration keys with their indexes, and numbers as they are stored.
+// Configuration keys with their indexes, and numbers as they are stored. Both are small values;
+// their text takes room only where it is needed.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 
 namespace oru {
 
 /// A configuration key: each "%d" of the pattern gives way to the next index, in decimal.
-class Key {
+struct Key {
+    // Not explicit: a key without an index is its pattern.
+    constexpr Key(const char *keyPattern, int32_t first = 0, int32_t second = 0)
+        : pattern(keyPattern), indexes{first, second}
+    {
+    }
+
+    const char *pattern;
+    int32_t indexes[2];
+};
+
+/// The text of a key.
+class KeyText {
 public:
-    explicit Key(const char *pattern, int32_t first = 0, int32_t second = 0);
+    explicit KeyText(const Key &key);
 
     operator const char *() const { return text_; }
 
@@ -18,13 +30,19 @@ private:
 };
 
 /// A number as it is stored: "%d", whatever the type that it came in.
-class Number {
-public:
+struct Number {
     template <class Integer>
-    explicit Number(Integer value) : Number(static_cast<int32_t>(value))
+    constexpr explicit Number(Integer number) : value(static_cast<int32_t>(number))
     {
     }
-    explicit Number(int32_t value);
+
+    int32_t value;
+};
+
+/// The text of a number.
+class NumberText {
+public:
+    explicit NumberText(Number number);
 
     operator const char *() const { return text_; }
 

@@ -11,6 +11,7 @@
 #include "oruAsf.h"
 #include "oruSdk.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <type_traits>
 
@@ -22,7 +23,7 @@
 
 namespace oru {
 
-constexpr const char kLogSource[] = "oruSdkAppsIf"; // the library's one source-file name
+inline constexpr char kLogSource[] = "oruSdkAppsIf"; // the library's one source-file name
 
 namespace detail {
 
@@ -59,11 +60,44 @@ constexpr const char *nextConversion(const char *at)
     return at;
 }
 
+/// A value as it is handed on: one type for all texts, one for all numbers of up to 32 bits.
 template <class Value>
 constexpr auto passed(const Value &value)
 {
-    if constexpr (std::is_same_v<Value, Key>) return static_cast<const char *>(value);
-    else return std::decay_t<Value>(value);
+    using Plain = std::decay_t<Value>;
+    if constexpr (std::is_same_v<Plain, Key> || std::is_same_v<Plain, long>) return value;
+    else if constexpr (std::is_integral_v<Plain>) return static_cast<int32_t>(value);
+    else return static_cast<const char *>(value);
+}
+
+/// A value as it is logged. What it yields lives as long as the call that it is written in.
+inline KeyText shown(Key key)
+{
+    return KeyText{key};
+}
+template <class Value>
+constexpr Value shown(Value value)
+{
+    return value;
+}
+
+// Failures make most of the library's places, and take most of its room: each is a call of one of
+// these, of which there is one for each sequence of types in the whole library.
+
+template <class... Passed>
+[[gnu::noinline, gnu::cold]] void logLine(int32_t level, int32_t line, const char *format,
+                                          Passed... values)
+{
+    oruAsfLogMsg(level, kLogSource, line, 0, format, +shown(values)...); // +: a key as its text
+}
+
+template <class... Passed>
+[[gnu::noinline, gnu::cold]] uint32_t failLine(uint32_t code, int32_t line, const char *format,
+                                               Passed... values)
+{
+    oruAsfLogMsg(ORUASF_LOG_ERROR, kLogSource, line, 0, format,
+                 +shown(values)...); // +: a key as its text
+    return code;
 }
 
 } // namespace detail
@@ -86,6 +120,28 @@ struct LogText {
         if (!fit || *at != '\0')
             detail::textDoesNotFitItsValues(); // not constexpr: does not compile
     }
+
+    // Of a TableText, which was checked.
+    constexpr LogText(const char *text, int32_t number, std::true_type) : format(text), line(number)
+    {
+    }
+};
+
+/// A log text in a table, which holds its characters: a pointer would cost a relocation.
+template <size_t Room, class... Values>
+struct TableText {
+    char format[Room];
+    int32_t line;
+
+    template <size_t Size>
+    ORU_CONSTEVAL TableText(const char (&text)[Size], int32_t place = __builtin_LINE())
+        : format{}, line(LogText<Values...>{text, place}.line)
+    {
+        static_assert(Size <= Room);
+        for (size_t at = 0; at < Size; ++at) format[at] = text[at];
+    }
+
+    constexpr operator LogText<Values...>() const { return {format, line, std::true_type{}}; }
 };
 
 template <class... Values>
@@ -95,15 +151,15 @@ using LogTextFor = std::type_identity_t<LogText<Values...>>;
 template <class... Values>
 void logAt(int32_t level, const LogText<Values...> &text, const Values &...values)
 {
-    oruAsfLogMsg(level, kLogSource, text.line, 0, text.format, detail::passed(values)...);
+    detail::logLine(level, text.line, text.format, detail::passed(values)...);
 }
 
 /// Logs a failure and yields its code.
 template <class... Values>
-[[gnu::cold]] uint32_t fail(uint32_t code, LogTextFor<Values...> text, const Values &...values)
+[[gnu::always_inline]] inline uint32_t fail(uint32_t code, LogTextFor<Values...> text,
+                                            const Values &...values)
 {
-    logAt(ORUASF_LOG_ERROR, text, values...);
-    return code;
+    return detail::failLine(code, text.line, text.format, detail::passed(values)...);
 }
 
 /// Logs that something failed, or happened, that changes no result.

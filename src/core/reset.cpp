@@ -18,26 +18,26 @@ struct Files {
     Dict current;
 };
 
-bool writeInt(const Files &files, const char *key, int32_t value)
+bool writeInt(const Files &files, Key key, int32_t value)
 {
-    return oruAsfDictSetString(files.current, key, Number{value}) == 0;
+    return setString(files.current, key, Number{value}) == 0;
 }
 
-bool writeBool(const Files &files, const char *key, int32_t value)
+bool writeBool(const Files &files, Key key, int32_t value)
 {
-    return oruAsfDictSetString(files.current, key, value != 0 ? "true" : "false") == 0;
+    return setString(files.current, key, value != 0 ? "true" : "false") == 0;
 }
 
 uint32_t copySsid(const Files &wsm, int32_t bss)
 {
     const Key key{"bss%d.ssId", bss};
     const char *ssid = nullptr;
-    const int32_t length = oruAsfDictGetDelimitedString(wsm.factory, key, &ssid, 0);
+    const int32_t length = getDelimitedString(wsm.factory, key, &ssid, 0);
     if (length < 0)
         return fail(ORUSDK_RC_KEY_READ, "Unable to read ssid from config file %s", kRadioFile);
     if (length > static_cast<int32_t>(kSsidLength))
         return fail(ORUSDK_RC_SSID_LENGTH, "Invalid SSID length: %d", length);
-    if (oruAsfDictSetDelimitedString(wsm.current, key, ssid) != 0)
+    if (setDelimitedString(wsm.current, key, ssid) != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write ssId to dictionary");
     return ORUSDK_RC_OK;
 }
@@ -46,19 +46,19 @@ uint32_t copyWpa(const Files &aa, int32_t bss)
 {
     int32_t value = 0;
     const Key open{"bss%d.openAccessEnabled", bss};
-    if (oruAsfDictGetBool(aa.factory, open, &value, 0) != 0)
+    if (getBool(aa.factory, open, &value, 0) != 0)
         return fail(ORUSDK_RC_DICT_READ, "Unable to read openAccessEnabled from dictionary");
     if (!writeBool(aa, open, value))
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write openAccessEnabled to dictionary");
 
     const Key wpa{"bss%d.wpaEnabled", bss};
-    if (oruAsfDictGetBool(aa.factory, wpa, &value, 0) != 0)
+    if (getBool(aa.factory, wpa, &value, 0) != 0)
         return fail(ORUSDK_RC_DICT_READ, "Unable to read wpaEnabled from dictionary");
     if (!writeBool(aa, wpa, value))
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write wpaEnabled to dictionary");
 
     const Key mixedIe{"bss%d.mixedIeMode", bss};
-    if (oruAsfDictGetInt(aa.factory, mixedIe, &value, 1) != 0) {
+    if (getInt(aa.factory, mixedIe, &value, 1) != 0) {
         logWarning("Unable to read mixedIeMode from dictionary, using 1");
         value = 1;
     }
@@ -66,14 +66,14 @@ uint32_t copyWpa(const Files &aa, int32_t bss)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write mixedIeMode to dictionary");
 
     const Key auth{"bss%d.wpaAuthTypes", bss};
-    if (oruAsfDictGetInt(aa.factory, auth, &value, 0) != 0)
+    if (getInt(aa.factory, auth, &value, 0) != 0)
         return fail(ORUSDK_RC_KEY_READ, "Unable to read wpaAuthTypes from config file %s",
                     kSecurityFile);
     if (!writeInt(aa, auth, value))
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write wpaAuthTypes to dictionary");
 
     const Key encryption{"bss%d.wpaEncTypes", bss};
-    if (oruAsfDictGetInt(aa.factory, encryption, &value, 0) != 0)
+    if (getInt(aa.factory, encryption, &value, 0) != 0)
         return fail(ORUSDK_RC_KEY_READ, "Unable to read wpaEncTypes from config file %s",
                     kSecurityFile);
     if (!writeInt(aa, encryption, value))
@@ -85,7 +85,7 @@ uint32_t copySuppressSsid(const Files &wsm, int32_t bss)
 {
     const Key key{"bss%d.suppressSSIDFlag", bss};
     int32_t value = 0;
-    if (oruAsfDictGetInt(wsm.factory, key, &value, 0) != 0)
+    if (getInt(wsm.factory, key, &value, 0) != 0)
         return fail(ORUSDK_RC_KEY_READ, "Unable to read %s from config file %s", key, kRadioFile);
     if (!writeInt(wsm, key, value))
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write suppressSSIDFlag to dictionary");
@@ -96,7 +96,7 @@ uint32_t copyWep(const Files &aa, int32_t bss)
 {
     int32_t value = 0;
     const Key macAuth{"bss%d.macAuthType", bss};
-    if (oruAsfDictGetInt(aa.factory, macAuth, &value, 0) != 0)
+    if (getInt(aa.factory, macAuth, &value, 0) != 0)
         return fail(ORUSDK_RC_KEY_READ, "Unable to read macAuthType from config file %s",
                     kSecurityFile);
     if (!writeInt(aa, macAuth, value))
@@ -104,25 +104,25 @@ uint32_t copyWep(const Files &aa, int32_t bss)
                     "Unable to write radio%d MAC static WEP auth type to dictionary", bss);
 
     const Key wep{"bss%d.wepEnabled", bss};
-    if (oruAsfDictGetBool(aa.factory, wep, &value, 0) != 0)
+    if (getBool(aa.factory, wep, &value, 0) != 0)
         return fail(ORUSDK_RC_DICT_READ, "Unable to read wepEnabled dictionary");
     if (!writeBool(aa, wep, value))
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write wepEnabled to dictionary");
 
     const Key keyLength{"bss%d.wepKeyLen", bss};
-    if (oruAsfDictGetInt(aa.factory, keyLength, &value, 0) != 0)
+    if (getInt(aa.factory, keyLength, &value, 0) != 0)
         return fail(ORUSDK_RC_DICT_READ, "Unable to read wepKeyLen dictionary");
     if (!writeInt(aa, keyLength, value))
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write wepKeyLen to dictionary");
 
     const Key defaultKey{"bss%d.wepDefaultKey", bss};
-    if (oruAsfDictGetInt(aa.factory, defaultKey, &value, 0) != 0)
+    if (getInt(aa.factory, defaultKey, &value, 0) != 0)
         return fail(ORUSDK_RC_DICT_READ, "Unable to read wepDefaultKey dictionary");
     if (!writeInt(aa, defaultKey, value))
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write wepDefaultKey to dictionary");
 
     const Key dynamicWep{"bss%d.dynamicWepEnabled", bss};
-    if (oruAsfDictGetBool(aa.factory, dynamicWep, &value, 0) != 0) {
+    if (getBool(aa.factory, dynamicWep, &value, 0) != 0) {
         // Announces a fallback, yet the reset stops: intended.
         logWarning("Unable to read dynamicWepEnabled from dictionary, set to 0");
         return ORUSDK_RC_DICT_READ;
@@ -136,13 +136,13 @@ uint32_t copyRadioFlags(const Files &wsm, int32_t bss)
 {
     int32_t value = 0;
     const Key rsn{"bss%d.BpRSNFlag", bss};
-    if (oruAsfDictGetInt(wsm.factory, rsn, &value, 0) != 0) // names another key: intended
+    if (getInt(wsm.factory, rsn, &value, 0) != 0) // names another key: intended
         return fail(ORUSDK_RC_DICT_READ, "Unable to read wepDefaultKey dictionary");
     if (!writeInt(wsm, rsn, value))
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write BpRSNFlag to dictionary");
 
     const Key enforcePin{"bss%d.enforcepintimeout", bss};
-    if (oruAsfDictGetInt(wsm.factory, enforcePin, &value, 0) != 0)
+    if (getInt(wsm.factory, enforcePin, &value, 0) != 0)
         return fail(ORUSDK_RC_DICT_READ, "Unable to read enforcepintimeout dictionary");
     if (!writeInt(wsm, enforcePin, value))
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write enforcepintimeout to dictionary");
@@ -155,9 +155,8 @@ uint32_t copyWepKeys(const Files &aa, int32_t bss)
     for (int32_t number = 1; number <= 4; ++number) {
         const Key key{"bss%d.wepKey.%d", bss, number};
         const char *value = nullptr;
-        oruAsfDictGetString(aa.factory, key, &value, 0);
-        if (oruAsfDictSetString(aa.current, key, value) !=
-            0) // which one, the text doesn't say: intended
+        getString(aa.factory, key, &value, 0);
+        if (setString(aa.current, key, value) != 0) // which one, the text doesn't say: intended
             return fail(ORUSDK_RC_DICT_WRITE, "Unable to write wepkeyArr[cnt] to dictionary");
     }
     return ORUSDK_RC_OK;
@@ -167,7 +166,7 @@ uint32_t copyVlan(const Files &wsm, int32_t bss)
 {
     const Key key{"bss%d.wvid", bss};
     int32_t value = 0;
-    if (oruAsfDictGetInt(wsm.factory, key, &value, 0) != 0)
+    if (getInt(wsm.factory, key, &value, 0) != 0)
         return fail(ORUSDK_RC_KEY_READ, "Unable to read %s from config file %s", key, kRadioFile);
     if (!writeInt(wsm, key, value))
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write %s to dictionary", key);
@@ -233,12 +232,9 @@ uint32_t oruSdkResetToBss(int32_t bssIndex)
         return fail(ORUSDK_RC_FILE_READ, "Unable to read WSM Default file %s", kRadioFile);
 
     if (const uint32_t code = copyBss(aa, wsm, bssIndex); code != 0) return code;
-    if (oruAsfDictSave(wsm.current, kRadioFile) != 0)
-        return fail(ORUSDK_RC_FILE_WRITE, "Unable to write WSM Defaults file %s", kRadioFile);
+    if (const uint32_t code = saveRadioFile(wsm.current); code != 0) return code;
     // The radio side stays restored when this save fails: intended.
-    if (oruAsfDictSave(aa.current, kSecurityFile) != 0)
-        return fail(ORUSDK_RC_FILE_WRITE, "Unable to write AA Defaults file %s", kSecurityFile);
-    return ORUSDK_RC_OK;
+    return saveSecurityFile(aa.current);
 }
 
 } // extern "C"

@@ -4,8 +4,8 @@
 
 namespace oru {
 
-uint32_t sdkOpenRadioDefaults(const OruSdkOptionParam *param, const char *key, uint32_t min,
-                              uint32_t max, Dict &dict)
+uint32_t sdkOpenRadioDefaults(const OruSdkOptionParam *param, Key key, uint32_t min, uint32_t max,
+                              Dict &dict)
 {
     if (param == nullptr) return fail(ORUSDK_RC_NULL_POINTER, "NULL pointer");
     if (param->radioIndex >= kRadios)
@@ -20,26 +20,24 @@ uint32_t sdkOpenRadioDefaults(const OruSdkOptionParam *param, const char *key, u
     return ORUSDK_RC_OK;
 }
 
-uint32_t sdkDictReadInt(OruSdkOptionParam *param, const char *key, Dict dict)
+uint32_t sdkDictReadInt(OruSdkOptionParam *param, Key key, Dict dict)
 {
     int32_t value = 0;
-    if (oruAsfDictGetInt(dict, key, &value, 0) != 0)
+    if (getInt(dict, key, &value, 0) != 0)
         return fail(ORUSDK_RC_KEY_READ, "Unable to read %s from config file %s", key, kRadioFile);
     param->featureOptions = static_cast<uint32_t>(value);
     return ORUSDK_RC_OK;
 }
 
-uint32_t sdkDictWriteAndSave(const OruSdkOptionParam *param, const char *key, Dict dict)
+uint32_t sdkDictWriteAndSave(const OruSdkOptionParam *param, Key key, Dict dict)
 {
-    if (oruAsfDictSetString(dict, key, Number{param->featureOptions}) != 0)
+    if (setString(dict, key, Number{param->featureOptions}) != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write featureOptions %d to dictionary",
                     param->featureOptions);
-    if (oruAsfDictSave(dict, kRadioFile) != 0)
-        return fail(ORUSDK_RC_FILE_WRITE, "Unable to write WSM Defaults file %s", kRadioFile);
-    return ORUSDK_RC_OK;
+    return saveRadioFile(dict);
 }
 
-uint32_t sdkGetRadioFeature(OruSdkFeatureParam *param, const char *key)
+uint32_t sdkGetRadioFeature(OruSdkFeatureParam *param, Key key)
 {
     if (param == nullptr) return fail(ORUSDK_RC_NULL_POINTER, "NULL pointer");
     if (param->radioIndex >= kRadios)
@@ -47,13 +45,13 @@ uint32_t sdkGetRadioFeature(OruSdkFeatureParam *param, const char *key)
     const Dict dict{kRadioFile};
     if (!dict) return fail(ORUSDK_RC_FILE_READ, "Unable to read WSM Defaults file %s", kRadioFile);
     int32_t value = 0;
-    if (oruAsfDictGetInt(dict, key, &value, 0) != 0)
+    if (getInt(dict, key, &value, 0) != 0)
         return fail(ORUSDK_RC_KEY_READ, "Unable to read %s from config file %s", key, kRadioFile);
     param->activationFlag = static_cast<uint32_t>(value);
     return ORUSDK_RC_OK;
 }
 
-uint32_t sdkSetRadioFeature(const OruSdkFeatureParam *param, const char *key)
+uint32_t sdkSetRadioFeature(const OruSdkFeatureParam *param, Key key)
 {
     if (param == nullptr) return fail(ORUSDK_RC_NULL_POINTER, "NULL pointer");
     if (param->radioIndex >= kRadios)
@@ -63,11 +61,23 @@ uint32_t sdkSetRadioFeature(const OruSdkFeatureParam *param, const char *key)
                     key);
     const Dict dict{kRadioFile};
     if (!dict) return fail(ORUSDK_RC_FILE_READ, "Unable to read WSM Defaults file %s", kRadioFile);
-    if (oruAsfDictSetString(dict, key, Number{param->activationFlag}) != 0)
+    if (setString(dict, key, Number{param->activationFlag}) != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write %s to dictionary", key);
-    if (oruAsfDictSave(dict, kRadioFile) != 0)
-        return fail(ORUSDK_RC_FILE_WRITE, "Unable to write WSM Defaults file %s", kRadioFile);
-    return ORUSDK_RC_OK;
+    return saveRadioFile(dict);
+}
+
+uint32_t saveRadioFile(OruAsfDict *dict, int32_t line)
+{
+    if (oruAsfDictSave(dict, kRadioFile) == 0) return ORUSDK_RC_OK;
+    return detail::failLine<const char *>(ORUSDK_RC_FILE_WRITE, line,
+                                          "Unable to write WSM Defaults file %s", kRadioFile);
+}
+
+uint32_t saveSecurityFile(OruAsfDict *dict, int32_t line)
+{
+    if (oruAsfDictSave(dict, kSecurityFile) == 0) return ORUSDK_RC_OK;
+    return detail::failLine<const char *>(ORUSDK_RC_FILE_WRITE, line,
+                                          "Unable to write AA Defaults file %s", kSecurityFile);
 }
 
 bool sdkRadiusServerConfigured(OruAsfDict *dict, int32_t serverCount)
@@ -76,7 +86,7 @@ bool sdkRadiusServerConfigured(OruAsfDict *dict, int32_t serverCount)
     // Only the first server is looked at, whatever the count: intended. The status says nothing
     // here.
     const char *server = nullptr;
-    oruAsfDictGetString(dict, "radiusServer.1", &server, 0);
+    getString(dict, "radiusServer.1", &server, 0);
     return server != nullptr;
 }
 

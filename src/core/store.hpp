@@ -14,23 +14,27 @@ constexpr uint32_t kBsses = 4;
 
 /// Checks the record and the radio index and, when min differs from max, the option's range; then
 /// loads "/var/wsmDefaults". On 0 the dictionary is the caller's.
-uint32_t sdkOpenRadioDefaults(const OruSdkOptionParam *param, const char *key, uint32_t min,
-                              uint32_t max, Dict &dict);
+uint32_t sdkOpenRadioDefaults(const OruSdkOptionParam *param, Key key, uint32_t min, uint32_t max,
+                              Dict &dict);
 
 /// Reads an integer key into featureOptions, and frees the dictionary.
-uint32_t sdkDictReadInt(OruSdkOptionParam *param, const char *key, Dict dict);
+uint32_t sdkDictReadInt(OruSdkOptionParam *param, Key key, Dict dict);
 
 /// Writes featureOptions under a key, saves "/var/wsmDefaults", and frees the dictionary.
-uint32_t sdkDictWriteAndSave(const OruSdkOptionParam *param, const char *key, Dict dict);
+uint32_t sdkDictWriteAndSave(const OruSdkOptionParam *param, Key key, Dict dict);
 
 /// One whole get of an integer key of "/var/wsmDefaults" into activationFlag.
-uint32_t sdkGetRadioFeature(OruSdkFeatureParam *param, const char *key);
+uint32_t sdkGetRadioFeature(OruSdkFeatureParam *param, Key key);
 
 /// One whole set of a 0/1 key of "/var/wsmDefaults" from activationFlag.
-uint32_t sdkSetRadioFeature(const OruSdkFeatureParam *param, const char *key);
+uint32_t sdkSetRadioFeature(const OruSdkFeatureParam *param, Key key);
 
 /// Whether a RADIUS server is configured. Frees nothing.
 bool sdkRadiusServerConfigured(OruAsfDict *dict, int32_t serverCount);
+
+// The end of most setters: saves a file. A failure is logged as one of the caller's place.
+uint32_t saveRadioFile(OruAsfDict *dict, int32_t line = ORUSDK_LINE_BASE + __builtin_LINE());
+uint32_t saveSecurityFile(OruAsfDict *dict, int32_t line = ORUSDK_LINE_BASE + __builtin_LINE());
 
 /// A key of the record's radio; a pattern without "%d" is the key itself. The record may be NULL:
 /// the check that follows refuses it.

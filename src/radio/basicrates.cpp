@@ -31,7 +31,7 @@ const char *mbpsOf(uint32_t pair)
 struct Rates {
     uint32_t first;
     uint32_t count;
-    const char *plain;
+    char plain[24];
 };
 
 constexpr Rates k11bRates{0, 4, "02:04:0B:16"};
@@ -81,22 +81,6 @@ bool isValidRateList(const char *list, const Rates &rates, Match match)
     return true;
 }
 
-bool isValidOfdmRateList(const char *list)
-{
-    return isValidRateList(list, kOfdmRates, sameText);
-}
-
-bool isValid11bRateList(const char *list)
-{
-    return isValidRateList(list, k11bRates, sameText);
-}
-
-/// Takes more than the other families do: intended.
-bool isValid11nRateList(const char *list)
-{
-    return isValidRateList(list, kOfdmRates, sameNumber);
-}
-
 /// The stored form of a valid list, whose numbers name the rates of every family.
 void buildRateString(const char *list, const Rates &rates, char (&stored)[kStoredSize])
 {
@@ -106,16 +90,6 @@ void buildRateString(const char *list, const Rates &rates, char (&stored)[kStore
         const uint32_t position = positionOf(token, rates, sameNumber);
         std::memcpy(stored + 3 * size_t{position}, octetOf(rates.first + position), 2);
     }
-}
-
-void buildOfdmRateString(const char *list, char (&stored)[kStoredSize])
-{
-    buildRateString(list, kOfdmRates, stored);
-}
-
-void build11bRateString(const char *list, char (&stored)[kStoredSize])
-{
-    buildRateString(list, k11bRates, stored);
 }
 
 /// A list in the making; always terminated once it holds a rate.
@@ -157,21 +131,24 @@ void rateStringToMbps(const char *stored, char (&text)[kListSize])
 }
 
 struct Family {
-    const char *key;
-    bool (*isValid)(const char *list);
-    void (*build)(const char *list, char (&stored)[kStoredSize]);
+    char key[20];
+    bool is11b;
+    bool takesNumbers; // "6.5" stands for 6: more than the other families take, intended
     char (OruSdkBasicRateSetInfo::*list)[kListSize];
-    LogText<> invalid;
-    LogText<> unwritten;
-    LogText<const char *> unread;
+    TableText<28> invalid;
+    TableText<44> unwritten;
+    TableText<48, const char *> unread;
+
+    [[nodiscard]] const Rates &rates() const { return is11b ? k11bRates : kOfdmRates; }
+    [[nodiscard]] Match match() const { return takesNumbers ? sameNumber : sameText; }
 };
 
 /// By rateMode.
 constexpr Family kFamilies[] = {
     {
         "radio%d.dot11aRates",
-        isValidOfdmRateList,
-        buildOfdmRateString,
+        false,
+        false,
         &OruSdkBasicRateSetInfo::dot11aRates,
         "Invalid basic rate set",
         "Unable to write dot11aRates to dictionary",
@@ -179,8 +156,8 @@ constexpr Family kFamilies[] = {
     },
     {
         "radio%d.dot11bRates",
-        isValid11bRateList,
-        build11bRateString,
+        true,
+        false,
         &OruSdkBasicRateSetInfo::dot11bRates,
         "Invalid basic rate set",
         "Unable to write dot11bRates to dictionary",
@@ -188,8 +165,8 @@ constexpr Family kFamilies[] = {
     },
     {
         "radio%d.dot11gRates",
-        isValidOfdmRateList,
-        buildOfdmRateString,
+        false,
+        false,
         &OruSdkBasicRateSetInfo::dot11gRates,
         "Invalid basic rate set",
         "Unable to write dot11gRates to dictionary",
@@ -197,8 +174,8 @@ constexpr Family kFamilies[] = {
     },
     {
         "radio%d.dot11nRates",
-        isValid11nRateList,
-        buildOfdmRateString,
+        false,
+        true,
         &OruSdkBasicRateSetInfo::dot11nRates,
         "Invalid 11n basic rate set",
         "Unable to write dot11nRates to dictionary",
@@ -221,7 +198,7 @@ uint32_t oruSdkGetBasicRateSetParam(OruSdkBasicRateSetInfo *info)
     if (!dict) return fail(ORUSDK_RC_FILE_READ, "Unable to read WSM Defaults file %s", kRadioFile);
     for (const Family &family : kFamilies) {
         const char *stored = nullptr;
-        const int32_t status = oruAsfDictGetString(dict, radioKey(family.key, info), &stored, 0);
+        const int32_t status = getString(dict, radioKey(family.key, info), &stored, 0);
         // Any other status than -1 passes: intended. An absent key reads as 0 without a text.
         if (status == -1 || (status == 0 && stored == nullptr))
             return fail<const char *>(ORUSDK_RC_KEY_READ, family.unread, kRadioFile);
@@ -238,16 +215,15 @@ uint32_t oruSdkSetBasicRateSetParam(OruSdkBasicRateSetParam *param)
     if (param->rateMode >= std::size(kFamilies))
         return fail(ORUSDK_RC_DOT11_MODE, "Invalid 802.11 mode: %d", param->rateMode);
     const Family &family = kFamilies[param->rateMode];
-    if (!family.isValid(param->rateSet)) return fail(ORUSDK_RC_RATE_SET, family.invalid);
+    if (!isValidRateList(param->rateSet, family.rates(), family.match()))
+        return fail(ORUSDK_RC_RATE_SET, family.invalid);
     const Dict dict{kRadioFile};
     if (!dict) return fail(ORUSDK_RC_FILE_READ, "Unable to read WSM Defaults file %s", kRadioFile);
     char stored[kStoredSize];
-    family.build(param->rateSet, stored);
-    if (oruAsfDictSetString(dict, radioKey(family.key, param), stored) != 0)
+    buildRateString(param->rateSet, family.rates(), stored);
+    if (setString(dict, radioKey(family.key, param), stored) != 0)
         return fail(ORUSDK_RC_DICT_WRITE, family.unwritten);
-    if (oruAsfDictSave(dict, kRadioFile) != 0)
-        return fail(ORUSDK_RC_FILE_WRITE, "Unable to write WSM Defaults file %s", kRadioFile);
-    return ORUSDK_RC_OK;
+    return saveRadioFile(dict);
 }
 
 } // extern "C"

@@ -20,9 +20,9 @@ constexpr const char kMcs4[] = "69";
 /// The texts name the fixed rate: intended.
 uint32_t resetBroadcastRates(OruAsfDict *dict, const OruSdkOptionParam *param)
 {
-    if (oruAsfDictSetString(dict, radioKey("radio%d.broadcastRate24GHz", param), kMcs0) != 0)
+    if (setString(dict, radioKey("radio%d.broadcastRate24GHz", param), kMcs0) != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write fixedRate to dictionary");
-    if (oruAsfDictSetString(dict, radioKey("radio%d.broadcastRate5GHz", param), kMcs4) != 0)
+    if (setString(dict, radioKey("radio%d.broadcastRate5GHz", param), kMcs4) != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write fixedRate to dictionary");
     return ORUSDK_RC_OK;
 }
@@ -47,7 +47,7 @@ uint32_t oruSdkSetChannelBondingMode(OruSdkOptionParam *param)
         code != 0)
         return code;
     int32_t stored = 0;
-    if (oruAsfDictGetInt(dict, key, &stored, 0) != 0)
+    if (getInt(dict, key, &stored, 0) != 0)
         return fail(ORUSDK_RC_KEY_READ, "Unable to read channel bonding mode from config file %s",
                     kRadioFile);
     // Every change resets the rates, also one back to 20 MHz: intended.

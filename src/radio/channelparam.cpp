@@ -52,16 +52,15 @@ bool isJapan(const char country[3])
     return country[0] == 'J' && country[1] == 'P';
 }
 
-bool write(const Setting &setting, const char *key, const char *value)
+template <class Value>
+bool write(const Setting &setting, Key key, Value value)
 {
-    return oruAsfDictSetString(setting.dict, key, value) == 0;
+    return setString(setting.dict, key, value) == 0;
 }
 
 uint32_t save(const Setting &setting)
 {
-    if (oruAsfDictSave(setting.dict, kRadioFile) != 0)
-        return fail(ORUSDK_RC_FILE_WRITE, "Unable to write WSM Defaults file %s", kRadioFile);
-    return ORUSDK_RC_OK;
+    return saveRadioFile(setting.dict);
 }
 
 // ---- Checks, for every channel
@@ -69,8 +68,7 @@ uint32_t save(const Setting &setting)
 uint32_t checkRadar(const Setting &setting)
 {
     int32_t detection = 0;
-    if (oruAsfDictGetInt(setting.dict, Key{"radio%d.radarDetectFlag", setting.radio}, &detection,
-                         0) != 0)
+    if (getInt(setting.dict, Key{"radio%d.radarDetectFlag", setting.radio}, &detection, 0) != 0)
         return fail(ORUSDK_RC_KEY_READ, "Unable to read radarDetectFlag from config file %s",
                     kRadioFile);
     if (detection == 1 && isRadarChannel(setting.want.channel))
@@ -80,8 +78,8 @@ uint32_t checkRadar(const Setting &setting)
 
 uint32_t checkBonding(Setting &setting)
 {
-    if (oruAsfDictGetInt(setting.dict, Key{"radio%d.channelBondingMode", setting.radio},
-                         &setting.bonding, 0) != 0)
+    if (getInt(setting.dict, Key{"radio%d.channelBondingMode", setting.radio}, &setting.bonding,
+               0) != 0)
         return fail(ORUSDK_RC_KEY_READ, "Unable to read channel bonding mode from config file %s",
                     kRadioFile);
     if (setting.bonding == k40MHz && setting.want.channel != 0 &&
@@ -94,8 +92,7 @@ uint32_t checkBonding(Setting &setting)
 /// Modes other than 1, 2 and 3 may use any channel.
 uint32_t checkMode(Setting &setting)
 {
-    if (oruAsfDictGetInt(setting.dict, Key{"radio%d.dot11Mode", setting.radio}, &setting.mode, 0) !=
-        0)
+    if (getInt(setting.dict, Key{"radio%d.dot11Mode", setting.radio}, &setting.mode, 0) != 0)
         return fail(ORUSDK_RC_KEY_READ, "Unable to read dot11Mode from config file %s", kRadioFile);
     const uint32_t channel = setting.want.channel;
     if ((setting.mode == k11bOnly || setting.mode == k11bg) && channel > 14)
@@ -133,7 +130,7 @@ uint32_t checkRegDomain(const Setting &setting)
 {
     const OruSdkChannelParam &want = setting.want;
     int32_t band = 0;
-    if (oruAsfDictGetInt(setting.dict, Key{"radio%d.bandType", setting.radio}, &band, 0) != 0)
+    if (getInt(setting.dict, Key{"radio%d.bandType", setting.radio}, &band, 0) != 0)
         return fail(ORUSDK_RC_KEY_READ, "Unable to read radio%d.bandType from config file %s",
                     setting.radio, kRadioFile);
     OruRegChannelInfo domain{};
@@ -166,7 +163,7 @@ uint32_t checkFixedRate(const Setting &setting)
     const uint32_t channel = setting.want.channel;
     int32_t rate = 0;
     // Any other status than -1 passes: intended.
-    if (oruAsfDictGetInt(setting.dict, Key{"radio%d.fixedRate", setting.radio}, &rate, 0) == -1)
+    if (getInt(setting.dict, Key{"radio%d.fixedRate", setting.radio}, &rate, 0) == -1)
         return fail(ORUSDK_RC_KEY_READ, "Unable to read rate from config file %s", kRadioFile);
     if (is11bRate(rate) && !is24GHz(channel))
         return fail(ORUSDK_RC_CHANNEL_FOR_11B_RATE,
@@ -274,12 +271,12 @@ uint32_t setAutomatic(const Setting &setting)
 uint32_t readFixed(OruAsfDict *dict, int32_t radio, OruSdkChannelParam &param)
 {
     int32_t value = 0;
-    if (oruAsfDictGetInt(dict, Key{"radio%d.configuredChannel", radio}, &value, 0) != 0)
+    if (getInt(dict, Key{"radio%d.configuredChannel", radio}, &value, 0) != 0)
         return fail(ORUSDK_RC_KEY_READ,
                     "Failed to read radio%d.configuredChannel from config file %s", radio,
                     kRadioFile);
     param.channel = static_cast<uint32_t>(value);
-    if (oruAsfDictGetInt(dict, Key{"radio%d.configuredSecondaryChannel", radio}, &value, 0) != 0)
+    if (getInt(dict, Key{"radio%d.configuredSecondaryChannel", radio}, &value, 0) != 0)
         return fail(ORUSDK_RC_KEY_READ,
                     "Failed to read radio%d.configuredSecondaryChannel from config file %s", radio,
                     kRadioFile);
@@ -291,13 +288,13 @@ uint32_t readAutomatic(OruAsfDict *dict, OruSdkChannelParam &param)
 {
     param.channel = 0;
     int32_t periodic = 0;
-    if (oruAsfDictGetInt(dict, "periodicDfsFlag", &periodic, 0) != 0)
+    if (getInt(dict, "periodicDfsFlag", &periodic, 0) != 0)
         return fail(ORUSDK_RC_KEY_READ, "Failed to read periodicDfsFlag from config file %s",
                     kRadioFile);
     param.autoSelMode = static_cast<uint32_t>(periodic); // mode 2 is not stored: intended
     if (periodic != 1) return ORUSDK_RC_OK;
     int32_t timer = 0;
-    if (oruAsfDictGetInt(dict, "periodicDfsTmr", &timer, 0) != 0)
+    if (getInt(dict, "periodicDfsTmr", &timer, 0) != 0)
         return fail(ORUSDK_RC_KEY_READ, "Failed to read periodicDfsTmr from config file %s",
                     kRadioFile);
     param.periodicDfsTimer = static_cast<uint32_t>(timer);
@@ -319,7 +316,7 @@ uint32_t oruSdkGetChannelParam(OruSdkChannelParam *param)
     if (!dict) return fail(ORUSDK_RC_FILE_READ, "Unable to read WSM Defaults file %s", kRadioFile);
     const auto radio = static_cast<int32_t>(param->radioIndex);
     int32_t selection = 0;
-    if (oruAsfDictGetInt(dict, Key{"radio%d.channelSelectionType", radio}, &selection, 0) != 0)
+    if (getInt(dict, Key{"radio%d.channelSelectionType", radio}, &selection, 0) != 0)
         return fail(ORUSDK_RC_KEY_READ,
                     "Failed to read radio%d.channelSelectionType from config file %s", radio,
                     kRadioFile);

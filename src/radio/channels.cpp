@@ -27,26 +27,14 @@ constexpr Pair kPairs[] = {{36, 40},   {40, 36},   {44, 48},   {48, 44},   {52, 
                            {116, 120}, {120, 116}, {124, 128}, {128, 124}, {132, 136}, {136, 132},
                            {149, 153}, {153, 149}, {157, 161}, {161, 157}};
 
-/// The countries of each regulatory domain class, two letters each; all others are of class 0. "SW"
-/// and "YU" stand in class 4 although the one is no country and the other no more: intended.
-constexpr const char *kCountries[] = {
-    "US CA CO",
-    "MX",
-    "AR",
-    "BR",
-    ("AL AN BY BA BG HR CZ DK EE FI DE GI GR HU IS IE IT LV LI LT LU MK MT MD MC NL NO PL PT RO RU "
-     "SM SK SI SW UA GB VA YU"),
-    "FR",
-    "AT",
-    "BE",
-    "ES",
-    "CH",
-    "JP",
-    "SG",
-    "IL",
-    "CN",
-    "JO",
-    "TH"};
+/// The countries of each regulatory domain class, two letters each, the classes divided by ";"; all
+/// others are of class 0. "SW" and "YU" stand in class 4 although the one is no country and the
+/// other no more: intended.
+constexpr char kCountries[] =
+    "US CA CO;MX;AR;BR;"
+    "AL AN BY BA BG HR CZ DK EE FI DE GI GR HU IS IE IT LV LI LT LU MK MT MD MC NL NO PL PT RO RU "
+    "SM SK SI SW UA GB VA YU;"
+    "FR;AT;BE;ES;CH;JP;SG;IL;CN;JO;TH";
 
 constexpr int32_t kJapan = 10;
 constexpr int32_t k11bOnly = 2; // 802.11 mode
@@ -67,12 +55,11 @@ constexpr bool isPair(uint32_t primary, uint32_t secondary)
 constexpr int32_t domainClassOf(char first, char second)
 {
     int32_t domainClass = 0;
-    for (const char *country : kCountries) {
-        for (; country[0] != '\0'; country += country[2] == '\0' ? 2 : 3)
-            if (country[0] == first && country[1] == second) return domainClass;
-        ++domainClass;
+    for (const char *country = kCountries;; country += 3) {
+        if (country[0] == first && country[1] == second) return domainClass;
+        if (country[2] == '\0') return 0;
+        if (country[2] == ';') ++domainClass;
     }
-    return 0;
 }
 
 static_assert(std::size(kChannels) == 36 &&
@@ -87,7 +74,7 @@ static_assert(std::size(kPairs) == 22 &&
                          (pair.primary + 4 == pair.secondary || pair.secondary + 4 == pair.primary);
               }));
 static_assert(!isPair(140, 136) && !isPair(136, 140));
-static_assert(std::size(kCountries) == 16 && domainClassOf('T', 'H') == 15);
+static_assert(domainClassOf('T', 'H') == 15);
 static_assert(domainClassOf('J', 'P') == kJapan && domainClassOf('S', 'E') == 0);
 
 /// Appends a channel unless the list is full.
@@ -128,7 +115,7 @@ uint32_t buildRegChannelInfo(OruRegChannelInfo *info)
     if (const uint32_t code = getRadioCountryCode(radio, country); code != 0)
         return fail(code, "getRadioCountryCode() failed");
     int32_t mode = 0;
-    if (oruAsfDictGetInt(dict, Key{"radio%d.dot11Mode", info->radioIndex}, &mode, 0) != 0)
+    if (getInt(dict, Key{"radio%d.dot11Mode", info->radioIndex}, &mode, 0) != 0)
         return fail(ORUSDK_RC_KEY_READ, "Unable to read dot11Mode from config file %s", kRadioFile);
     logInfo("CountryCode %c%c%c", country[0], country[1], country[2]);
     info->domainClass = domainClassOf(country[0], country[1]);

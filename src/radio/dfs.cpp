@@ -15,7 +15,7 @@ template <class Field>
 bool read(OruAsfDict *dict, const char *key, Field &field)
 {
     int32_t value = 0;
-    if (oruAsfDictGetInt(dict, key, &value, 0) != 0) return false;
+    if (getInt(dict, key, &value, 0) != 0) return false;
     field = static_cast<Field>(value);
     return true;
 }
@@ -134,7 +134,7 @@ uint32_t choose5(const OruSdkDfsParam &param, int32_t bonding, Channels &chosen)
 
 uint32_t writePreferred(OruAsfDict *dict, const char *key, uint32_t value)
 {
-    if (oruAsfDictSetString(dict, key, Number{value}) != 0)
+    if (setString(dict, key, Number{value}) != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write %s to dictionary", key);
     return ORUSDK_RC_OK;
 }
@@ -205,7 +205,7 @@ uint32_t oruSdkSetDfsPrefChans(OruSdkDfsParam *param, uint8_t band)
     const Dict dict{kRadioFile};
     if (!dict) return fail(ORUSDK_RC_FILE_READ, "Unable to read WSM defaults file %s", kRadioFile);
     int32_t bonding = 0;
-    if (oruAsfDictGetInt(dict, Key{"radio%d.channelBondingMode", param->radioIndex}, &bonding, 0) !=
+    if (getInt(dict, Key{"radio%d.channelBondingMode", param->radioIndex}, &bonding, 0) !=
         0) // goes on: intended
         logError("Unable to read channel bonding mode from config file %s", kRadioFile);
 
@@ -224,9 +224,7 @@ uint32_t oruSdkSetDfsPrefChans(OruSdkDfsParam *param, uint8_t band)
     if (const uint32_t code = writePreferred(dict, "dfsPreferredBand", param->preferredBand);
         code != 0)
         return code;
-    if (oruAsfDictSave(dict, kRadioFile) != 0)
-        return fail(ORUSDK_RC_FILE_WRITE, "Unable to write WSM Defaults file %s", kRadioFile);
-    return ORUSDK_RC_OK;
+    return saveRadioFile(dict);
 }
 
 } // extern "C"

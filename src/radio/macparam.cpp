@@ -5,19 +5,21 @@
 #include "core/store.hpp"
 #include "oruSdk.h"
 
+#include <cstddef>
+
 namespace oru {
 namespace {
 
 template <class Param>
 struct Field {
     uint32_t Param::*member;
-    const char *key;
+    char key[24];
     uint32_t min;
     uint32_t max;
     uint32_t code; // of a value out of range
-    LogText<> outOfRange;
-    LogText<> unwritten;
-    LogText<const char *> unread;
+    TableText<36> outOfRange;
+    TableText<48> unwritten;
+    TableText<52, const char *> unread;
 };
 
 // The keys of both thresholds end in "ThPeriod", and the first text is spelled so: intended.
@@ -100,12 +102,9 @@ uint32_t setFields(const Param *param, const Field<Param> (&fields)[Count])
     const Dict dict{kRadioFile};
     if (!dict) return fail(ORUSDK_RC_FILE_READ, "Unable to read WSM Defaults file %s", kRadioFile);
     for (const Field<Param> &field : fields)
-        if (oruAsfDictSetString(dict, radioKey(field.key, param), Number{param->*field.member}) !=
-            0)
+        if (setString(dict, radioKey(field.key, param), Number{param->*field.member}) != 0)
             return fail(ORUSDK_RC_DICT_WRITE, field.unwritten);
-    if (oruAsfDictSave(dict, kRadioFile) != 0)
-        return fail(ORUSDK_RC_FILE_WRITE, "Unable to write WSM Defaults file %s", kRadioFile);
-    return ORUSDK_RC_OK;
+    return saveRadioFile(dict);
 }
 
 /// Each field is stored as soon as it is read.
@@ -119,7 +118,7 @@ uint32_t getFields(Param *param, const Field<Param> (&fields)[Count])
     if (!dict) return fail(ORUSDK_RC_FILE_READ, "Unable to read WSM Defaults file %s", kRadioFile);
     for (const Field<Param> &field : fields) {
         int32_t value = 0;
-        if (oruAsfDictGetInt(dict, radioKey(field.key, param), &value, 0) != 0)
+        if (getInt(dict, radioKey(field.key, param), &value, 0) != 0)
             return fail<const char *>(ORUSDK_RC_KEY_READ, field.unread, kRadioFile);
         param->*field.member = static_cast<uint32_t>(value);
     }

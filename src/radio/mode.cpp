@@ -19,7 +19,7 @@ uint32_t checkBand(const OruSdkOptionParam *param, const Dict &dict)
 {
     const auto mode = static_cast<int32_t>(param->featureOptions);
     int32_t band = 0;
-    if (oruAsfDictGetInt(dict, radioKey("radio%d.bandType", param), &band, 0) != 0)
+    if (getInt(dict, radioKey("radio%d.bandType", param), &band, 0) != 0)
         return fail(ORUSDK_RC_KEY_READ, "Unable to read radio%d.bandType from config file %s",
                     param->radioIndex, kRadioFile);
     if (band == kBand5GHz && (mode == kOnly11b || mode == 3))
@@ -43,19 +43,19 @@ uint32_t checkCountry(const OruSdkOptionParam *param)
 uint32_t checkExtensionsAndChannel(const OruSdkOptionParam *param, const Dict &dict)
 {
     int32_t extensions = 0;
-    if (oruAsfDictGetInt(dict, radioKey("radio%d.standardExt", param), &extensions, 0) != 0)
+    if (getInt(dict, radioKey("radio%d.standardExt", param), &extensions, 0) != 0)
         return fail(ORUSDK_RC_KEY_READ, "Unable to read radioStandardExt from config file %s",
                     kRadioFile);
     if (extensions == 0)
         return fail(ORUSDK_RC_NEEDS_STD_EXTENSIONS, "Standard extensions must be on");
     int32_t selection = 0;
-    if (oruAsfDictGetInt(dict, radioKey("radio%d.channelSelectionType", param), &selection, 0) != 0)
+    if (getInt(dict, radioKey("radio%d.channelSelectionType", param), &selection, 0) != 0)
         return fail(ORUSDK_RC_KEY_READ,
                     "Failed to read radio%d.channelSelectionType from config file %s",
                     param->radioIndex, kRadioFile);
     if (selection != kManualChannel) return ORUSDK_RC_OK;
     int32_t channel = 0;
-    if (oruAsfDictGetInt(dict, radioKey("radio%d.configuredChannel", param), &channel, 0) != 0)
+    if (getInt(dict, radioKey("radio%d.configuredChannel", param), &channel, 0) != 0)
         // The text names the key before: intended.
         return fail(ORUSDK_RC_KEY_READ,
                     "Failed to read radio%d.channelSelectionType from config file %s",
@@ -69,15 +69,15 @@ uint32_t prepareOnly11b(const OruSdkOptionParam *param, const Dict &dict)
 {
     int32_t rate = 0;
     // Another status than -1 is no failure here: intended.
-    if (oruAsfDictGetInt(dict, radioKey("radio%d.fixedRate", param), &rate, 0) == -1)
+    if (getInt(dict, radioKey("radio%d.fixedRate", param), &rate, 0) == -1)
         return fail(ORUSDK_RC_KEY_READ, "Unable to read rate from config file %s", kRadioFile);
-    if (oruAsfDictSetString(dict, "ERPFlag", "0") == -1)
+    if (setString(dict, "ERPFlag", "0") == -1)
         return fail(ORUSDK_RC_KEY_READ, "Unable to set ERPflag from config file %s", kRadioFile);
     // These are MCS codes, not those of the 802.11a/g rates: intended.
     if (rate >= 69 && rate <= 76)
         return fail(ORUSDK_RC_FIXED_RATE_11AG, "Fixed rate must not be set to 802.11a/g rates");
     int32_t admits11b = 0;
-    if (oruAsfDictGetInt(dict, radioKey("radio%d.adminDot11bStaFlag", param), &admits11b, 0) != 0)
+    if (getInt(dict, radioKey("radio%d.adminDot11bStaFlag", param), &admits11b, 0) != 0)
         return fail(ORUSDK_RC_KEY_READ, "Unable to read adminDot11bStaFlag from config file %s",
                     kRadioFile);
     if (admits11b == 0)
@@ -88,7 +88,7 @@ uint32_t prepareOnly11b(const OruSdkOptionParam *param, const Dict &dict)
 /// One flag for the whole device.
 uint32_t setErpFlag(const Dict &dict)
 {
-    if (oruAsfDictSetString(dict, "ERPFlag", "1") == -1)
+    if (setString(dict, "ERPFlag", "1") == -1)
         return fail(ORUSDK_RC_KEY_READ, "Unable to set ERPflag from config file %s", kRadioFile);
     return ORUSDK_RC_OK;
 }

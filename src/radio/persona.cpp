@@ -50,7 +50,7 @@ uint32_t oruSdkSetChannelSet(OruSdkOptionParam *param)
                     "Any and 5Ghz bands are invalid for b/g only radio product");
     int32_t rate = 0;
     // Another status than -1 is no failure here: intended.
-    if (oruAsfDictGetInt(dict, radioKey("radio%d.fixedRate", param), &rate, 0) == -1)
+    if (getInt(dict, radioKey("radio%d.fixedRate", param), &rate, 0) == -1)
         return fail(ORUSDK_RC_KEY_READ, "Unable to read rate from config file %s", kRadioFile);
     // These are MCS codes, not those of the 802.11b rates: intended.
     if (beyond24GHz && rate >= 65 && rate <= 68)

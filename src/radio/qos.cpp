@@ -19,7 +19,7 @@ constexpr const char kDynamicProfile[] = "dynamicProfileSelection";
 uint32_t checkExtensions(OruAsfDict *dict, const OruSdkWmmParam *param)
 {
     int32_t extensions = 0;
-    if (oruAsfDictGetInt(dict, radioKey("radio%d.standardExt", param), &extensions, 0) != 0)
+    if (getInt(dict, radioKey("radio%d.standardExt", param), &extensions, 0) != 0)
         return fail(ORUSDK_RC_KEY_READ, "Unable to read radioStandardExt from config file %s",
                     kRadioFile);
     if (extensions == 0)
@@ -42,11 +42,11 @@ uint32_t oruSdkGetWmm(OruSdkWmmParam *param)
     const Dict dict{kRadioFile};
     if (!dict) return fail(ORUSDK_RC_FILE_READ, "Unable to read WSM Defaults file %s", kRadioFile);
     int32_t value = 0;
-    if (oruAsfDictGetInt(dict, "wmmEnabledFlag", &value, 0) != 0)
+    if (getInt(dict, "wmmEnabledFlag", &value, 0) != 0)
         return fail(ORUSDK_RC_KEY_READ, "Unable to read wmmEnabledFlag from config file %s",
                     kRadioFile);
     param->wmmEnabled = static_cast<uint32_t>(value);
-    if (oruAsfDictGetInt(dict, "TrafficClassifier", &value, 0) != 0)
+    if (getInt(dict, "TrafficClassifier", &value, 0) != 0)
         return fail(ORUSDK_RC_KEY_READ, "Unable to read TrafficClassifier from config file %s",
                     kRadioFile);
     param->trafficClassifier = static_cast<uint32_t>(value);
@@ -66,13 +66,11 @@ uint32_t oruSdkSetWmm(OruSdkWmmParam *param)
     if (!dict) return fail(ORUSDK_RC_FILE_READ, "Unable to read WSM Defaults file %s", kRadioFile);
     if (param->wmmEnabled == 1)
         if (const uint32_t code = checkExtensions(dict, param); code != 0) return code;
-    if (oruAsfDictSetString(dict, "wmmEnabledFlag", Number{param->wmmEnabled}) != 0)
+    if (setString(dict, "wmmEnabledFlag", Number{param->wmmEnabled}) != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write wmmEnabledFlag to dictionary");
-    if (oruAsfDictSetString(dict, "TrafficClassifier", Number{param->trafficClassifier}) != 0)
+    if (setString(dict, "TrafficClassifier", Number{param->trafficClassifier}) != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write TrafficClassifier to dictionary");
-    if (oruAsfDictSave(dict, kRadioFile) != 0)
-        return fail(ORUSDK_RC_FILE_WRITE, "Unable to write WSM Defaults file %s", kRadioFile);
-    return ORUSDK_RC_OK;
+    return saveRadioFile(dict);
 }
 
 uint32_t oruSdkGetEdcaProfile(OruSdkOptionParam *param)

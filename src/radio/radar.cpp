@@ -33,23 +33,21 @@ uint32_t oruSdkSetRadarDetect(OruSdkFeatureParam *param)
     const Dict dict{kRadioFile};
     if (!dict) return fail(ORUSDK_RC_FILE_READ, "Unable to read WSM Defaults file %s", kRadioFile);
     int32_t stored = 0;
-    if (oruAsfDictGetInt(dict, key, &stored, 0) != 0)
+    if (getInt(dict, key, &stored, 0) != 0)
         return fail(ORUSDK_RC_KEY_READ,
                     "Failed to read radio%d.radarDetectFlag flag from config file %s", radio,
                     kRadioFile);
     // Both refusals are silent: intended.
     if (static_cast<uint32_t>(stored) == param->activationFlag) return ORUSDK_RC_RADAR_UNCHANGED;
     int32_t channel = 0;
-    if (oruAsfDictGetInt(dict, Key{"radio%d.configuredChannel", radio}, &channel, 0) != 0)
+    if (getInt(dict, Key{"radio%d.configuredChannel", radio}, &channel, 0) != 0)
         return fail(ORUSDK_RC_KEY_READ,
                     "Failed to read radio%d.configuredChannel from config file %s", radio,
                     kRadioFile);
     if (isRadarChannel(static_cast<uint32_t>(channel))) return ORUSDK_RC_CONFIGURED_RADAR_CHANNEL;
-    if (oruAsfDictSetString(dict, key, Number{param->activationFlag}) != 0)
+    if (setString(dict, key, Number{param->activationFlag}) != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write %s to dictionary", key);
-    if (oruAsfDictSave(dict, kRadioFile) != 0)
-        return fail(ORUSDK_RC_FILE_WRITE, "Unable to write WSM Defaults file %s", kRadioFile);
-    return ORUSDK_RC_OK;
+    return saveRadioFile(dict);
 }
 
 uint32_t oruSdkSetRdrPersistChan(const char *channels)
@@ -57,7 +55,7 @@ uint32_t oruSdkSetRdrPersistChan(const char *channels)
     if (channels == nullptr) return fail(ORUSDK_RC_NULL_POINTER, "NULL pointer");
     const Dict dict{kRadarFile};
     if (!dict) return fail(ORUSDK_RC_FILE_READ, "Unable to read Radar channel file %s", kRadarFile);
-    if (oruAsfDictSetString(dict, "rdrChans", channels) != 0) // "rdrPersistChans": intended
+    if (setString(dict, "rdrChans", channels) != 0) // "rdrPersistChans": intended
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write rdrPersistChans to dictionary");
     if (oruAsfDictSave(dict, kRadarFile) != 0)
         return fail(ORUSDK_RC_FILE_WRITE, "Unable to write Radar channel file %s", kRadarFile);

@@ -40,7 +40,7 @@ bool is80211n(int32_t mode)
 uint32_t checkBand(const OruSdkOptionParam *param, const Dict &dict, int32_t mode, int32_t channel)
 {
     int32_t band = 0;
-    if (oruAsfDictGetInt(dict, radioKey("radio%d.bandType", param), &band, 0) != 0)
+    if (getInt(dict, radioKey("radio%d.bandType", param), &band, 0) != 0)
         return fail(ORUSDK_RC_KEY_READ, "Unable to read radio%d.bandType from config file %s",
                     param->radioIndex, kRadioFile);
     // The first two look at the caller's value in Mbps, not at its code, and so never refuse a
@@ -57,10 +57,10 @@ uint32_t checkBand(const OruSdkOptionParam *param, const Dict &dict, int32_t mod
 uint32_t convertRate(OruSdkOptionParam *param, const Dict &dict)
 {
     int32_t mode = 0;
-    if (oruAsfDictGetInt(dict, radioKey("radio%d.dot11Mode", param), &mode, 0) != 0)
+    if (getInt(dict, radioKey("radio%d.dot11Mode", param), &mode, 0) != 0)
         return fail(ORUSDK_RC_KEY_READ, "Unable to read dot11Mode from config file %s", kRadioFile);
     int32_t channel = 0;
-    if (oruAsfDictGetInt(dict, radioKey("radio%d.configuredChannel", param), &channel, 0) != 0)
+    if (getInt(dict, radioKey("radio%d.configuredChannel", param), &channel, 0) != 0)
         return fail(ORUSDK_RC_KEY_READ, "Unable to read channel from config file %s", kRadioFile);
     if (param->featureOptions == kAutomatic) {
         param->featureOptions = kAutomaticCode;
@@ -89,16 +89,16 @@ uint32_t validateAndConvertRate(OruSdkOptionParam *param, Dict &dict)
 uint32_t validateAndConvertMcsRate(OruSdkOptionParam *param, const Dict &dict)
 {
     int32_t mode = 0;
-    if (oruAsfDictGetInt(dict, radioKey("radio%d.dot11Mode", param), &mode, 0) != 0)
+    if (getInt(dict, radioKey("radio%d.dot11Mode", param), &mode, 0) != 0)
         return fail(ORUSDK_RC_KEY_READ, "Unable to read dot11Mode from config file %s", kRadioFile);
     int32_t bonding = 0;
-    if (oruAsfDictGetInt(dict, radioKey("radio%d.channelBondingMode", param), &bonding, 0) != 0)
+    if (getInt(dict, radioKey("radio%d.channelBondingMode", param), &bonding, 0) != 0)
         return fail(ORUSDK_RC_KEY_READ, "Unable to read channel bonding mode from config file %s",
                     kRadioFile);
     const char *const interval =
         bonding != 0 ? "radio%d.ShortGuardInterval40MHz" : "radio%d.ShortGuardInterval20MHz";
     int32_t isShort = 0;
-    if (oruAsfDictGetInt(dict, radioKey(interval, param), &isShort, 0) != 0)
+    if (getInt(dict, radioKey(interval, param), &isShort, 0) != 0)
         return fail(ORUSDK_RC_KEY_READ, "Unable to read Short Guard Interval from config file %s",
                     kRadioFile);
     if (param->featureOptions == kAutomatic) {

@@ -19,12 +19,9 @@ uint32_t openRadioFile(const OruSdkOptionParam *param, Dict &dict)
 
 uint32_t saveFixedRate(const OruSdkOptionParam *param, const Dict &dict)
 {
-    if (oruAsfDictSetString(dict, radioKey("radio%d.fixedRate", param),
-                            Number{param->featureOptions}) != 0)
+    if (setString(dict, radioKey("radio%d.fixedRate", param), Number{param->featureOptions}) != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write fixedRate to dictionary");
-    if (oruAsfDictSave(dict, kRadioFile) != 0)
-        return fail(ORUSDK_RC_FILE_WRITE, "Unable to write WSM Defaults file %s", kRadioFile);
-    return ORUSDK_RC_OK;
+    return saveRadioFile(dict);
 }
 
 uint32_t getFixedRate(OruSdkOptionParam *param)
@@ -32,7 +29,7 @@ uint32_t getFixedRate(OruSdkOptionParam *param)
     Dict dict;
     if (const uint32_t code = openRadioFile(param, dict); code != 0) return code;
     int32_t rate = 0;
-    if (oruAsfDictGetInt(dict, radioKey("radio%d.fixedRate", param), &rate, 0) != 0)
+    if (getInt(dict, radioKey("radio%d.fixedRate", param), &rate, 0) != 0)
         // The text names another key: intended.
         return fail(ORUSDK_RC_KEY_READ, "Unable to read ackMode from config file %s", kRadioFile);
     param->featureOptions = static_cast<uint32_t>(rate);
@@ -44,7 +41,7 @@ uint32_t openBroadcast(const OruSdkOptionParam *param, Dict &dict, const char *&
 {
     if (const uint32_t code = openRadioFile(param, dict); code != 0) return code;
     int32_t band = 0;
-    if (oruAsfDictGetInt(dict, radioKey("radio%d.bandType", param), &band, 0) != 0)
+    if (getInt(dict, radioKey("radio%d.bandType", param), &band, 0) != 0)
         return fail(ORUSDK_RC_KEY_READ, "Unable to read radio%d.bandType from config file %s",
                     param->radioIndex, kRadioFile);
     pattern = band == kBand5GHz ? "radio%d.broadcastRate5GHz" : "radio%d.broadcastRate24GHz";
@@ -147,11 +144,9 @@ uint32_t oruSdkSetMaxRate(OruSdkMaxRateParam *param)
         return fail(ORUSDK_RC_RATE_SET, "Invalid data rate: %d", param->maxRate);
     const Dict dict{kRadioFile};
     if (!dict) return fail(ORUSDK_RC_FILE_READ, "Unable to read WSM Defaults file %s", kRadioFile);
-    if (oruAsfDictSetString(dict, "MaxRate", Number{param->maxRate}) != 0)
+    if (setString(dict, "MaxRate", Number{param->maxRate}) != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write MaxRate to dictionary");
-    if (oruAsfDictSave(dict, kRadioFile) != 0)
-        return fail(ORUSDK_RC_FILE_WRITE, "Unable to write WSM Defaults file %s", kRadioFile);
-    return ORUSDK_RC_OK;
+    return saveRadioFile(dict);
 }
 
 uint32_t oruSdkGetMaxRate(OruSdkMaxRateParam *param)
@@ -162,7 +157,7 @@ uint32_t oruSdkGetMaxRate(OruSdkMaxRateParam *param)
     const Dict dict{kRadioFile};
     if (!dict) return fail(ORUSDK_RC_FILE_READ, "Unable to read WSM Defaults file %s", kRadioFile);
     int32_t rate = 0;
-    if (oruAsfDictGetInt(dict, "MaxRate", &rate, 0) != 0)
+    if (getInt(dict, "MaxRate", &rate, 0) != 0)
         return fail(ORUSDK_RC_KEY_READ, "Unable to read MaxRate from config file %s", kRadioFile);
     // Zero counts as an absent value, with the code of a NULL pointer: intended.
     if (rate == 0) return fail(ORUSDK_RC_NULL_POINTER, "Maximum data rate must be greater than 0");

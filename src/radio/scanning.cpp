@@ -17,7 +17,7 @@ uint32_t oruSdkGetBgScanning(OruSdkRadioSwitchParam *param)
     const Dict dict{kRadioFile};
     if (!dict) return fail(ORUSDK_RC_FILE_READ, "Unable to read WSM Defaults file %s", kRadioFile);
     int32_t disabled = 0;
-    if (oruAsfDictGetInt(dict, "measurementDisabled", &disabled, 0) != 0)
+    if (getInt(dict, "measurementDisabled", &disabled, 0) != 0)
         return fail(ORUSDK_RC_KEY_READ, "Unable to read measurementDisabled from config file %s",
                     kRadioFile);
     param->enable = disabled == 1 ? 0 : 1;
@@ -35,18 +35,16 @@ uint32_t oruSdkSetBgScanning(OruSdkRadioSwitchParam *param)
     if (!dict) return fail(ORUSDK_RC_FILE_READ, "Unable to read WSM Defaults file %s", kRadioFile);
     if (param->enable == 0) {
         int32_t periodicDfs = 0;
-        if (oruAsfDictGetInt(dict, "periodicDfsFlag", &periodicDfs, 0) != 0)
+        if (getInt(dict, "periodicDfsFlag", &periodicDfs, 0) != 0)
             return fail(ORUSDK_RC_KEY_READ, "Failed to read periodicDfsFlag from config file %s",
                         kRadioFile);
         if (periodicDfs == 1)
             return fail(ORUSDK_RC_PERIODIC_DFS, "Periodic DFS must not be enabled");
     }
     // Both radios share this key, which says the opposite of what the record says: intended.
-    if (oruAsfDictSetString(dict, "measurementDisabled", param->enable == 0 ? "1" : "0") != 0)
+    if (setString(dict, "measurementDisabled", param->enable == 0 ? "1" : "0") != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write measurementDisabled to dictionary");
-    if (oruAsfDictSave(dict, kRadioFile) != 0)
-        return fail(ORUSDK_RC_FILE_WRITE, "Unable to write WSM Defaults file %s", kRadioFile);
-    return ORUSDK_RC_OK;
+    return saveRadioFile(dict);
 }
 
 uint32_t oruSdkGetSbsParams(int32_t radioIndex, uint32_t *threshold, uint32_t *counter)
@@ -59,12 +57,12 @@ uint32_t oruSdkGetSbsParams(int32_t radioIndex, uint32_t *threshold, uint32_t *c
     const Dict dict{kRadioFile};
     if (!dict) return fail(ORUSDK_RC_FILE_READ, "Unable to read WSM Defaults file %s", kRadioFile);
     int32_t value = 0;
-    if (oruAsfDictGetInt(dict, Key{"radio%d.sbsThreshold", radioIndex}, &value, 1) != 0) {
+    if (getInt(dict, Key{"radio%d.sbsThreshold", radioIndex}, &value, 1) != 0) {
         logWarning("Unable to read mixedIeMode from dictionary, using 1"); // another key: intended
         value = 1;
     }
     *threshold = static_cast<uint32_t>(value);
-    if (oruAsfDictGetInt(dict, Key{"radio%d.sbsCounter", radioIndex}, &value, 0) != 0)
+    if (getInt(dict, Key{"radio%d.sbsCounter", radioIndex}, &value, 0) != 0)
         return fail(ORUSDK_RC_KEY_READ, "Unable to read sbsCounter from config file %s",
                     kRadioFile);
     *counter = static_cast<uint32_t>(value);
@@ -78,9 +76,9 @@ uint32_t oruSdkSetSbsParams(int32_t radioIndex, uint32_t threshold, uint32_t cou
     const Dict dict{kRadioFile};
     if (!dict) return fail(ORUSDK_RC_FILE_READ, "Unable to read WSM Defaults file %s", kRadioFile);
     // The texts of both writes name another key, and that of the save another file: intended.
-    if (oruAsfDictSetString(dict, Key{"radio%d.sbsThreshold", radioIndex}, Number{threshold}) != 0)
+    if (setString(dict, Key{"radio%d.sbsThreshold", radioIndex}, Number{threshold}) != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write BpPskFlag to dictionary");
-    if (oruAsfDictSetString(dict, Key{"radio%d.sbsCounter", radioIndex}, Number{counter}) != 0)
+    if (setString(dict, Key{"radio%d.sbsCounter", radioIndex}, Number{counter}) != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write BpPskFlag to dictionary");
     if (oruAsfDictSave(dict, kRadioFile) != 0)
         return fail(ORUSDK_RC_FILE_WRITE, "Unable to write WSM Defaults file %s", kSecurityFile);

@@ -1,6 +1,7 @@
 // World mode: multi-domain operation, and the country.
 #include "core/dict.hpp"
 #include "core/log.hpp"
+#include "core/store.hpp"
 #include "oruSdk.h"
 #include "radio/radioinfo.hpp"
 
@@ -16,19 +17,19 @@ uint32_t oruSdkGetWorldMode(OruSdkWorldModeParam *param)
     const Dict dict{kRadioFile};
     if (!dict) return fail(ORUSDK_RC_FILE_READ, "Unable to read WSM Defaults file %s", kRadioFile);
     int32_t support = 0;
-    if (oruAsfDictGetInt(dict, "worldModeSupport", &support, 0) != 0)
+    if (getInt(dict, "worldModeSupport", &support, 0) != 0)
         return fail(ORUSDK_RC_KEY_READ, "Unable to read worldModeSupport from config file %s",
                     kRadioFile);
     param->worldModeSupport = static_cast<uint32_t>(support);
     int32_t source = 0;
-    if (oruAsfDictGetInt(dict, "countryCodeFlag", &source, 0) != 0)
+    if (getInt(dict, "countryCodeFlag", &source, 0) != 0)
         return fail(ORUSDK_RC_KEY_READ, "Unable to read countryCodeFlag from config file %s",
                     kRadioFile);
 
     char radioCountry[3] = {};
     const char *country = "";
     if (source == kConfigured) {
-        if (oruAsfDictGetDelimitedString(dict, "countryCode", &country, 0) < 0)
+        if (getDelimitedString(dict, "countryCode", &country, 0) < 0)
             return fail(ORUSDK_RC_KEY_READ, "Unable to read country code from config file %s",
                         kRadioFile);
     } else {
@@ -50,11 +51,9 @@ uint32_t oruSdkSetWorldMode(OruSdkWorldModeParam *param)
         return fail(ORUSDK_RC_MULTI_DOMAIN, "Invalid multiDomainEnabled input");
     const Dict dict{kRadioFile};
     if (!dict) return fail(ORUSDK_RC_FILE_READ, "Unable to read WSM Defaults file %s", kRadioFile);
-    if (oruAsfDictSetString(dict, "worldModeSupport", Number{param->worldModeSupport}) != 0)
+    if (setString(dict, "worldModeSupport", Number{param->worldModeSupport}) != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write worldModeSupport to dictionary");
-    if (oruAsfDictSave(dict, kRadioFile) != 0)
-        return fail(ORUSDK_RC_FILE_WRITE, "Unable to write WSM Defaults file %s", kRadioFile);
-    return ORUSDK_RC_OK;
+    return saveRadioFile(dict);
 }
 
 } // extern "C"

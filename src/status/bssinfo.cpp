@@ -33,8 +33,7 @@ struct Security {
 uint32_t readIdentity(OruAsfDict *wsm, OruSdkBssInfoParam *param)
 {
     const char *ssid = nullptr;
-    const int32_t length =
-        oruAsfDictGetDelimitedString(wsm, Key{"bss%d.ssId", param->bssIndex}, &ssid, 0);
+    const int32_t length = getDelimitedString(wsm, Key{"bss%d.ssId", param->bssIndex}, &ssid, 0);
     if (length < 0 || ssid == nullptr)
         return fail(ORUSDK_RC_KEY_READ, "Unable to read ssid from config file %s", kRadioFile);
     if (length > kSsidLength) return fail(ORUSDK_RC_SSID_LENGTH, "Invalid SSID length: %d", length);
@@ -43,7 +42,7 @@ uint32_t readIdentity(OruAsfDict *wsm, OruSdkBssInfoParam *param)
 
     const Key suppress{"bss%d.suppressSSIDFlag", param->bssIndex};
     int32_t value = 0;
-    if (oruAsfDictGetInt(wsm, suppress, &value, 0) != 0)
+    if (getInt(wsm, suppress, &value, 0) != 0)
         return fail(ORUSDK_RC_KEY_READ, "Unable to read %s from config file %s", suppress,
                     kRadioFile);
     param->suppressSsid = static_cast<uint32_t>(value);
@@ -52,13 +51,13 @@ uint32_t readIdentity(OruAsfDict *wsm, OruSdkBssInfoParam *param)
 
 uint32_t readFlags(OruAsfDict *aa, int32_t bss, Security &security)
 {
-    if (oruAsfDictGetBool(aa, Key{"bss%d.openAccessEnabled", bss}, &security.open, 0) != 0)
+    if (getBool(aa, Key{"bss%d.openAccessEnabled", bss}, &security.open, 0) != 0)
         return fail(ORUSDK_RC_DICT_READ, "Unable to read openAccessEnabled dictionary");
-    if (oruAsfDictGetBool(aa, Key{"bss%d.wpaEnabled", bss}, &security.wpa, 0) != 0)
+    if (getBool(aa, Key{"bss%d.wpaEnabled", bss}, &security.wpa, 0) != 0)
         return fail(ORUSDK_RC_DICT_READ, "Unable to read wpaEnabled from dictionary");
-    if (oruAsfDictGetBool(aa, Key{"bss%d.wepEnabled", bss}, &security.wep, 0) != 0)
+    if (getBool(aa, Key{"bss%d.wepEnabled", bss}, &security.wep, 0) != 0)
         return fail(ORUSDK_RC_DICT_READ, "Unable to read wepEnabled from dictionary");
-    if (oruAsfDictGetBool(aa, Key{"bss%d.dynamicWepEnabled", bss}, &security.dynamicWep, 0) != 0) {
+    if (getBool(aa, Key{"bss%d.dynamicWepEnabled", bss}, &security.dynamicWep, 0) != 0) {
         logWarning("Unable to read dynamicWepEnabled from dictionary, set to 0");
         security.dynamicWep = 0;
     }
@@ -69,12 +68,12 @@ uint32_t readWpa(OruAsfDict *aa, int32_t bss, Security &security)
 {
     constexpr int32_t kRadius = 0;
     int32_t auth = 0;
-    if (oruAsfDictGetInt(aa, Key{"bss%d.wpaAuthTypes", bss}, &auth, 0) == -1)
+    if (getInt(aa, Key{"bss%d.wpaAuthTypes", bss}, &auth, 0) == -1)
         return fail(ORUSDK_RC_AUTH_TYPE_MISSING, "Unable to read wpaAuthTypes from dictionary");
     int32_t encryption = 0;
-    if (oruAsfDictGetInt(aa, Key{"bss%d.wpaEncTypes", bss}, &encryption, 0) == -1)
+    if (getInt(aa, Key{"bss%d.wpaEncTypes", bss}, &encryption, 0) == -1)
         return fail(ORUSDK_RC_ENC_TYPE_MISSING, "Unable to read wpaEncTypes from dictionary");
-    if (oruAsfDictGetInt(aa, Key{"bss%d.mixedIeMode", bss}, &security.mixedIe, 1) == -1) {
+    if (getInt(aa, Key{"bss%d.mixedIeMode", bss}, &security.mixedIe, 1) == -1) {
         logWarning("Unable to read mixedIeMode from dictionary, set to 1");
         security.mixedIe = 1;
     }

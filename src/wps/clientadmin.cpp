@@ -17,9 +17,9 @@ constexpr size_t kBssid = 17;
 uint32_t writeSsid(OruAsfDict *wsm, OruAsfDict *aa, const char *ssid)
 {
     if (ssid == nullptr) ssid = "";
-    if (oruAsfDictSetDelimitedString(wsm, "wdsRulesSsId", ssid) != 0)
+    if (setDelimitedString(wsm, "wdsRulesSsId", ssid) != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write wdsRulesSsId to dictionary");
-    if (oruAsfDictSetDelimitedString(aa, "ssid", ssid) != 0)
+    if (setDelimitedString(aa, "ssid", ssid) != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write ssid to dictionary");
     return ORUSDK_RC_OK;
 }
@@ -27,9 +27,9 @@ uint32_t writeSsid(OruAsfDict *wsm, OruAsfDict *aa, const char *ssid)
 /// No BSSID is stored as a count of 0 and an address of zeros.
 uint32_t writeBssid(OruAsfDict *wsm, const char *bssid)
 {
-    if (oruAsfDictSetString(wsm, "bssNum", bssid == nullptr ? "0" : "1") != 0)
+    if (setString(wsm, "bssNum", bssid == nullptr ? "0" : "1") != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write bssNum to dictionary");
-    if (oruAsfDictSetString(wsm, "bssId", bssid == nullptr ? "00:00:00:00:00:00" : bssid) != 0)
+    if (setString(wsm, "bssId", bssid == nullptr ? "00:00:00:00:00:00" : bssid) != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write bssId to dictionary");
     return ORUSDK_RC_OK;
 }
@@ -57,8 +57,7 @@ uint32_t oruSdkSetClientAdminCrit(OruSdkClientAdminCritParam *param)
     if (!aa) return fail(ORUSDK_RC_FILE_READ, "Unable to read AA Defaults file %s", kSecurityFile);
     if (const uint32_t code = writeSsid(wsm, aa, param->ssid); code != 0) return code;
     if (const uint32_t code = writeBssid(wsm, param->bssid); code != 0) return code;
-    if (oruAsfDictSave(wsm, kRadioFile) != 0)
-        return fail(ORUSDK_RC_FILE_WRITE, "Unable to write WSM Defaults file %s", kRadioFile);
+    if (const uint32_t code = saveRadioFile(wsm); code != 0) return code;
     // Names the radio file, which is saved by now and stays so: intended.
     if (oruAsfDictSave(aa, kSecurityFile) != 0)
         return fail(ORUSDK_RC_FILE_WRITE, "Unable to write AA Defaults file %s", kRadioFile);
@@ -76,13 +75,13 @@ uint32_t oruSdkGetClientAdminCrit(OruSdkClientAdminCritParam *param)
     const Dict dict{kRadioFile};
     if (!dict) return fail(ORUSDK_RC_FILE_READ, "Unable to read WSM Defaults file %s", kRadioFile);
     const char *ssid = nullptr;
-    if (oruAsfDictGetDelimitedString(dict, "wdsRulesSsId", &ssid, 0) < 0 || ssid == nullptr)
+    if (getDelimitedString(dict, "wdsRulesSsId", &ssid, 0) < 0 || ssid == nullptr)
         return fail(ORUSDK_RC_KEY_READ, "Unable to read wdsRulesSsId from config file %s",
                     kRadioFile);
     std::strncpy(param->ssid, ssid, kLongestSsid);
     param->ssid[kLongestSsid] = '\0';
     const char *bssid = nullptr;
-    if (oruAsfDictGetString(dict, "bssId", &bssid, 0) == -1 || bssid == nullptr)
+    if (getString(dict, "bssId", &bssid, 0) == -1 || bssid == nullptr)
         return fail(ORUSDK_RC_KEY_READ, "Unable to read bssId from config file %s", kRadioFile);
     std::strncpy(param->bssid, bssid, kBssid);
     param->bssid[kBssid] = '\0';

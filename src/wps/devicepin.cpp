@@ -83,11 +83,9 @@ uint32_t oruSdkSetDevicePin(uint32_t radioIndex, uint32_t bssIndex, const char *
 
     const Dict dict{kRadioFile};
     if (!dict) return fail(ORUSDK_RC_FILE_READ, "Unable to read WSM Defaults file %s", kRadioFile);
-    if (oruAsfDictSetDelimitedString(dict, Key{"bss%d.appinpasswd", bss}, pin) != 0)
+    if (setDelimitedString(dict, Key{"bss%d.appinpasswd", bss}, pin) != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write AP pin to dictionary");
-    if (oruAsfDictSave(dict, kRadioFile) != 0)
-        return fail(ORUSDK_RC_FILE_WRITE, "Unable to write WSM Defaults file %s", kRadioFile);
-    return ORUSDK_RC_OK;
+    return saveRadioFile(dict);
 }
 
 uint32_t oruSdkGetDevicePin(int32_t bssIndex, char *pin, uint32_t *length)
@@ -99,8 +97,7 @@ uint32_t oruSdkGetDevicePin(int32_t bssIndex, char *pin, uint32_t *length)
     if (!dict) return fail(ORUSDK_RC_FILE_READ, "Unable to read WSM Defaults file %s", kRadioFile);
 
     const char *stored = nullptr;
-    const int32_t size =
-        oruAsfDictGetDelimitedString(dict, Key{"bss%d.appinpasswd", bssIndex}, &stored, 0);
+    const int32_t size = getDelimitedString(dict, Key{"bss%d.appinpasswd", bssIndex}, &stored, 0);
     if (size < 0 || stored == nullptr)
         return fail(ORUSDK_RC_KEY_READ, "Unable to read AP pin from config file %s", kRadioFile);
     if (size > static_cast<int32_t>(kLongestStoredPin))

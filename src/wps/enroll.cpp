@@ -110,7 +110,7 @@ uint32_t sendWscEnroll(uint32_t method, uint32_t radioIndex, uint32_t bssIndex, 
     if (!dict) // names the other file's kind: intended
         return fail(ORUSDK_RC_FILE_READ, "Unable to read WSM Defaults file %s", kSecurityFile);
     int32_t enabled = 0;
-    if (oruAsfDictGetInt(dict, Key{"bss%d.wscEnabledFlag", bss}, &enabled, 0) != 0)
+    if (getInt(dict, Key{"bss%d.wscEnabledFlag", bss}, &enabled, 0) != 0)
         return fail(ORUSDK_RC_NOT_SET, "Unable to read wscEnabledFlag from config file %s",
                     kSecurityFile);
     if (enabled == 0)

@@ -14,10 +14,10 @@ constexpr int32_t kLastBss = 3;
 constexpr uint32_t kLastRegistrar = 3;
 
 /// Reads a number into the caller's; false when the key is missing.
-bool readNumber(OruAsfDict *dict, const char *key, uint32_t *number)
+bool readNumber(OruAsfDict *dict, Key key, uint32_t *number)
 {
     int32_t value = 0;
-    if (oruAsfDictGetInt(dict, key, &value, 0) != 0) return false;
+    if (getInt(dict, key, &value, 0) != 0) return false;
     *number = static_cast<uint32_t>(value);
     return true;
 }
@@ -56,12 +56,10 @@ uint32_t oruSdkSetRegistrarInfo(OruSdkRegistrarParam *param)
 
     const Dict dict{kRadioFile};
     if (!dict) return fail(ORUSDK_RC_FILE_READ, "Unable to read WSM Defaults file %s", kRadioFile);
-    if (oruAsfDictSetString(dict, Key{"bss%d.registrarinfo", param->bssIndex},
-                            Number{param->registrarInfo}) != 0) // an unfilled "%d": intended
+    if (setString(dict, Key{"bss%d.registrarinfo", param->bssIndex},
+                  Number{param->registrarInfo}) != 0) // an unfilled "%d": intended
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write radio%%d registrarInfo to dictionary");
-    if (oruAsfDictSave(dict, kRadioFile) != 0)
-        return fail(ORUSDK_RC_FILE_WRITE, "Unable to write WSM Defaults file %s", kRadioFile);
-    return ORUSDK_RC_OK;
+    return saveRadioFile(dict);
 }
 
 // ---- Enforced PIN timeout
@@ -87,11 +85,9 @@ uint32_t oruSdkSetApEnforcePinTimeout(int32_t bssIndex, uint32_t enforce)
     const Dict dict{kRadioFile};
     if (!dict) return fail(ORUSDK_RC_FILE_READ, "Unable to read wsm Defaults file %s", kRadioFile);
     // The key goes by another name here, with two blanks behind it: intended.
-    if (oruAsfDictSetString(dict, Key{"bss%d.enforcepintimeout", bssIndex}, Number{enforce}) != 0)
+    if (setString(dict, Key{"bss%d.enforcepintimeout", bssIndex}, Number{enforce}) != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write enforcePinTimeout  to dictionary");
-    if (oruAsfDictSave(dict, kRadioFile) != 0)
-        return fail(ORUSDK_RC_FILE_WRITE, "Unable to write WSM Defaults file %s", kRadioFile);
-    return ORUSDK_RC_OK;
+    return saveRadioFile(dict);
 }
 
 // ---- State
@@ -116,11 +112,9 @@ uint32_t oruSdkSetWscState(int32_t bssIndex, uint32_t state)
         return fail(ORUSDK_RC_BSS_NUMBER, "Invalid bss number ID: %d", bssIndex);
     const Dict dict{kRadioFile};
     if (!dict) return fail(ORUSDK_RC_FILE_READ, "Unable to read wsm Defaults file %s", kRadioFile);
-    if (oruAsfDictSetString(dict, Key{"bss%d.wpsstate", bssIndex}, Number{state}) != 0)
+    if (setString(dict, Key{"bss%d.wpsstate", bssIndex}, Number{state}) != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write wpsstate to dictionary");
-    if (oruAsfDictSave(dict, kRadioFile) != 0)
-        return fail(ORUSDK_RC_FILE_WRITE, "Unable to write WSM Defaults file %s", kRadioFile);
-    return ORUSDK_RC_OK;
+    return saveRadioFile(dict);
 }
 
 // ---- Enable flag, which is AA's
@@ -148,11 +142,9 @@ uint32_t oruSdkSetWsc(int32_t bssIndex, uint32_t enabled)
     const Dict dict{kSecurityFile};
     if (!dict)
         return fail(ORUSDK_RC_FILE_READ, "Unable to read AA Defaults file %s", kSecurityFile);
-    if (oruAsfDictSetString(dict, Key{"bss%d.wscEnabledFlag", bssIndex}, Number{enabled}) != 0)
+    if (setString(dict, Key{"bss%d.wscEnabledFlag", bssIndex}, Number{enabled}) != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write wscEnabledFlag to dictionary");
-    if (oruAsfDictSave(dict, kSecurityFile) != 0)
-        return fail(ORUSDK_RC_FILE_WRITE, "Unable to write AA Defaults file %s", kSecurityFile);
-    return ORUSDK_RC_OK;
+    return saveSecurityFile(dict);
 }
 
 } // extern "C"

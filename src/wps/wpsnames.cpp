@@ -2,6 +2,7 @@
 #include "core/dict.hpp"
 #include "core/key.hpp"
 #include "core/log.hpp"
+#include "core/store.hpp"
 #include "oruSdk.h"
 
 #include <cstring>
@@ -15,10 +16,10 @@ constexpr size_t kUuid = 32;
 constexpr size_t kInterface = 9;
 
 /// Reads a text and gives its length, negative when it is missing.
-int32_t readText(OruAsfDict *dict, const char *key, const char *&text)
+int32_t readText(OruAsfDict *dict, Key key, const char *&text)
 {
     text = nullptr;
-    const int32_t length = oruAsfDictGetDelimitedString(dict, key, &text, 0);
+    const int32_t length = getDelimitedString(dict, key, &text, 0);
     return text == nullptr ? -1 : length;
 }
 
@@ -63,11 +64,9 @@ uint32_t oruSdkSetUuid(int32_t bssIndex, const char *uuid)
         return fail(ORUSDK_RC_UUID, "Invalid UUID setting");
     const Dict dict{kRadioFile};
     if (!dict) return fail(ORUSDK_RC_FILE_READ, "Unable to read WSM Defaults file %s", kRadioFile);
-    if (oruAsfDictSetDelimitedString(dict, Key{"bss%d.uuid", bssIndex}, uuid) != 0)
+    if (setDelimitedString(dict, Key{"bss%d.uuid", bssIndex}, uuid) != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write uuid to dictionary");
-    if (oruAsfDictSave(dict, kRadioFile) != 0)
-        return fail(ORUSDK_RC_FILE_WRITE, "Unable to write WSM Defaults file %s", kRadioFile);
-    return ORUSDK_RC_OK;
+    return saveRadioFile(dict);
 }
 
 uint32_t oruSdkGetWpsIntf(int32_t bssIndex, char *interface, uint32_t *length)
@@ -98,11 +97,9 @@ uint32_t oruSdkSetWpsIntf(int32_t bssIndex, const char *interface)
     name[kInterface] = '\0';
     const Dict dict{kRadioFile};
     if (!dict) return fail(ORUSDK_RC_FILE_READ, "Unable to read WSM Defaults file %s", kRadioFile);
-    if (oruAsfDictSetDelimitedString(dict, Key{"bss%d.wpsintf", bssIndex}, name) != 0)
+    if (setDelimitedString(dict, Key{"bss%d.wpsintf", bssIndex}, name) != 0)
         return fail(ORUSDK_RC_DICT_WRITE, "Unable to write wpsintf to dictionary");
-    if (oruAsfDictSave(dict, kRadioFile) != 0)
-        return fail(ORUSDK_RC_FILE_WRITE, "Unable to write WSM Defaults file %s", kRadioFile);
-    return ORUSDK_RC_OK;
+    return saveRadioFile(dict);
 }
 
 } // extern "C"

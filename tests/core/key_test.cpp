@@ -9,30 +9,33 @@
 namespace {
 
 using oru::Key;
+using oru::KeyText;
 using oru::Number;
+using oru::NumberText;
 
 TEST(Key, PutsIndexesInDecimalWithoutPadding)
 {
-    EXPECT_STREQ((Key{"radio%d.txPower", 1}), "radio1.txPower");
-    EXPECT_STREQ((Key{"bss%d.wepKey.%d", 3, 4}), "bss3.wepKey.4");
-    EXPECT_STREQ((Key{"localMacAcl.%d", 256}), "localMacAcl.256");
-    EXPECT_STREQ((Key{"bss%d.ssId", -1}), "bss-1.ssId");
+    EXPECT_STREQ((KeyText{Key{"radio%d.txPower", 1}}), "radio1.txPower");
+    EXPECT_STREQ((KeyText{Key{"bss%d.wepKey.%d", 3, 4}}), "bss3.wepKey.4");
+    EXPECT_STREQ((KeyText{Key{"localMacAcl.%d", 256}}), "localMacAcl.256");
+    EXPECT_STREQ((KeyText{Key{"bss%d.ssId", -1}}), "bss-1.ssId");
 }
 
 TEST(Key, LeavesAPatternWithoutIndexAsItIs)
 {
-    EXPECT_STREQ((Key{"mimoFlag", 1}), "mimoFlag");
+    EXPECT_STREQ((KeyText{Key{"mimoFlag", 1}}), "mimoFlag");
 }
 
 TEST(Key, HoldsTheLongestKeyWithTheLongestIndex)
 {
-    EXPECT_STREQ((Key{"radio%d.dot112040BSSCoexistenceManagementSupport", INT32_MIN}),
+    EXPECT_STREQ((KeyText{Key{"radio%d.dot112040BSSCoexistenceManagementSupport", INT32_MIN}}),
                  "radio-2147483648.dot112040BSSCoexistenceManagementSupport");
 }
 
 TEST(Key, CutsWhatDoesNotFit)
 {
-    const Key key{std::string(200, 'k').c_str()};
+    const std::string pattern(200, 'k');
+    const KeyText key{pattern.c_str()};
     EXPECT_EQ(std::strlen(key), 63u);
 }
 
@@ -41,9 +44,9 @@ TEST(Number, IsWrittenAsASignedNumber)
     for (const int32_t value : {0, 1, -1, 9, 10, 99, 100, 65535, INT32_MAX, INT32_MIN}) {
         char expected[16];
         std::snprintf(expected, sizeof expected, "%d", value);
-        EXPECT_STREQ(Number{value}, expected);
+        EXPECT_STREQ(NumberText{Number{value}}, expected);
     }
-    EXPECT_STREQ(Number{4294967295u}, "-1");
+    EXPECT_STREQ(NumberText{Number{4294967295u}}, "-1");
 }
 
 } // namespace
