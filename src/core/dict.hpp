@@ -36,7 +36,7 @@ public:
     operator OruAsfDict *() const { return handle_; }
 
     /// Leaves the handle open for good. Only where that is intended, with a comment that says so.
-    void keepOpen() { open_ = false; }
+    void keepOpen();
 
 private:
     /// What a creation yields: small, so that a dictionary lives in registers.

@@ -8,13 +8,6 @@
 #include <string>
 #include <vector>
 
-// A refused MCS index leaves its dictionary open, on purpose.
-extern "C" const char *__lsan_default_suppressions();
-extern "C" const char *__lsan_default_suppressions()
-{
-    return "leak:oruSdkSetMcsRateParam";
-}
-
 namespace oru::test {
 namespace {
 
