@@ -30,6 +30,8 @@ add_library(oruWarnings INTERFACE)
 target_compile_options(oruWarnings INTERFACE -Wall -Wextra -Wpedantic
     $<$<COMPILE_LANGUAGE:CXX>:-Wconversion> $<$<BOOL:${ORU_WERROR}>:-Werror>)
 if(ORU_SANITIZE)
-    add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    # Little optimization, and line numbers as the only debug information: half the time to build.
+    add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer
+        -O1 -g1)
     add_link_options(-fsanitize=address,undefined)
 endif()
