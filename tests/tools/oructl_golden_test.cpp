@@ -64,6 +64,8 @@ const Command kCommands[] = {
     {"help_item_admin_status", {"help", "admin-status"}},
     {"show_without_service", {"show", "stations", "0", "1"}},
     {"show_without_service_json", {"--json", "show", "stations", "0", "1"}},
+    {"show_bss_json", {"--json", "show", "bss", "3"}},
+    {"show_bss_one", {"show", "bss", "3"}},
     {"show_unknown", {"show", "station", "0", "1"}},
     {"show_wrong_operand", {"show", "stations", "0", "one"}},
     {"show_wrong_bss_json", {"--json", "show", "stations", "0", "4"}},

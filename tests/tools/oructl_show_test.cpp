@@ -411,7 +411,8 @@ TEST_F(WithoutService, CompletionKnowsViewsAndCommands)
         words.insert(words.begin(), "--complete-args");
         return run(words).out;
     };
-    EXPECT_EQ(candidates({"show"}), "radios\nbss-list\nstations\nscan\nstats\n--json\n--help\n");
+    EXPECT_EQ(candidates({"show"}),
+              "radios\nbss-list\nstations\nscan\nstats\nbss\n--json\n--help\n");
     EXPECT_EQ(candidates({"show", "stations"}), "0\n1\n");
     EXPECT_EQ(candidates({"show", "stations", "0"}), "0\n1\n2\n3\n");
     EXPECT_EQ(candidates({"show", "stations", "0", "0"}), "--watch\n");

@@ -91,6 +91,20 @@ Json itemDocument(const Item &item, const Call &call)
     return object;
 }
 
+/// The items in the form of a get, null with a problem where one can't be read.
+Json readingsOf(const std::vector<Reading> &readings, Secrets secrets)
+{
+    Json object{{"index", readings.front().call.index}};
+    Json problems = Json::object();
+    for (const auto &[item, call, code] : readings) {
+        const std::string name{item->name};
+        object[name] = code == 0 ? fieldsOf(item->fields, call.values, secrets) : Json(nullptr);
+        if (code != 0) problems[name] = Json{{"code", code}, {"message", messageLine(code)}};
+    }
+    object["problems"] = std::move(problems);
+    return object;
+}
+
 std::string_view kindName(Kind kind)
 {
     switch (kind) {
@@ -201,8 +215,10 @@ std::string jsonView(const View &view, const Arguments &arguments, const Answer 
     for (size_t i = 0; i < view.operands.size(); ++i)
         addFields(object, {&view.operands[i].field, 1}, {arguments.values[i]}, secrets);
     if (!view.facts.empty()) object["facts"] = fieldsOf(view.facts, answer.facts, secrets);
-    if (view.columns.empty()) return line(object);
+    if (view.columns.empty() && view.parts.empty()) return line(object);
     object["rows"] = Json::array();
+    for (const auto &readings : answer.readings)
+        object["rows"].push_back(readingsOf(readings, secrets));
     for (const Row &row : answer.rows)
         object["rows"].push_back(fieldsOf(view.columns, row, secrets));
     return line(object);

@@ -5,6 +5,7 @@
 #include "json_output.hpp"
 #include "oruSdk.h"
 #include "patience.hpp"
+#include "readings.hpp"
 #include "select.hpp"
 #include "terminal.hpp"
 #include "terse_output.hpp"
@@ -15,10 +16,6 @@
 
 namespace oructl {
 namespace {
-
-constexpr std::string_view kAbsent = "-";
-
-std::string cellOf(const Field &field, const Value &value, Charset charset, Secrets secrets);
 
 /// Entries of a list: their fields between blanks, entry by entry between commas.
 std::string cellOfList(const Field &list, const Value &value, Charset charset, Secrets secrets)
@@ -31,6 +28,8 @@ std::string cellOfList(const Field &list, const Value &value, Charset charset, S
     }
     return out.empty() ? std::string{kAbsent} : out;
 }
+
+} // namespace
 
 std::string cellOf(const Field &field, const Value &value, Charset charset, Secrets secrets)
 {
@@ -51,9 +50,6 @@ std::string headerOf(const Field &field)
     return out;
 }
 
-using Line = std::vector<std::string>;
-
-/// Pads all but the last cell of each line to the width of its column.
 std::string aligned(const std::vector<Line> &lines)
 {
     std::vector<size_t> widths;
@@ -70,6 +66,8 @@ std::string aligned(const std::vector<Line> &lines)
     }
     return out;
 }
+
+namespace {
 
 int reportView(Request &request, const View &view, const Arguments &arguments, uint32_t code,
                const Answer &answer)
@@ -182,7 +180,7 @@ int runView(Request &request, const View &view, const Arguments &arguments)
 
 std::span<const std::span<const View>> viewFamilies()
 {
-    static const std::span<const View> all[] = {statusViews()};
+    static const std::span<const View> all[] = {statusViews(), bssViews()};
     return all;
 }
 
@@ -196,6 +194,7 @@ const View *findView(std::string_view name)
 
 std::string textView(const View &view, const Answer &answer, Secrets secrets)
 {
+    if (!view.parts.empty()) return textReadings(view, answer, secrets);
     const Charset charset = charsetOfEnvironment();
     std::vector<Line> facts;
     for (size_t i = 0; i < view.facts.size(); ++i)

@@ -1,0 +1,15 @@
+// Views of what the getters of many items say of one index or of several.
+#pragma once
+
+#include "show.hpp"
+
+namespace oructl {
+
+/// Asks the parts' getters of each index. Yields the first code when nothing could be read.
+uint32_t readParts(std::span<const Part> parts, Bounds indexes, Answer &answer);
+
+/// A table of several indexes; of a single one all its items under their headings. Behind an item
+/// that could not be read stands why.
+std::string textReadings(const View &view, const Answer &answer, Secrets secrets);
+
+} // namespace oructl
