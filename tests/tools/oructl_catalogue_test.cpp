@@ -22,10 +22,13 @@ namespace {
 
 /// Exported operations that neither an item, a command nor a view covers, and what does.
 const std::map<std::string, std::string> kWithoutItem = {
-    {"oruSdkGetVersion", "version"},         {"oruSdkCommitAll", "commit all"},
-    {"oruSdkCommitRadio", "commit radio"},   {"oruSdkResetToDefaults", "reset all"},
-    {"oruSdkResetToBss", "reset bss"},       {"oruSdkGetBssInfoParam", "still without an item"},
-    {"convertExtToIntRateCode", "get rate"}, {"oruSdkGetRadioInfo", "why set channel refuses"},
+    {"oruSdkGetVersion", "version"},
+    {"oruSdkCommitAll", "commit all"},
+    {"oruSdkCommitRadio", "commit radio"},
+    {"oruSdkResetToDefaults", "reset all"},
+    {"oruSdkResetToBss", "reset bss"},
+    {"convertExtToIntRateCode", "get rate"},
+    {"oruSdkGetRadioInfo", "why set channel refuses"},
 };
 
 std::set<std::string> exportedOperations()

@@ -66,6 +66,8 @@ const Command kCommands[] = {
     {"show_without_service_json", {"--json", "show", "stations", "0", "1"}},
     {"show_bss_json", {"--json", "show", "bss", "3"}},
     {"show_bss_one", {"show", "bss", "3"}},
+    {"show_bss_info", {"show", "bss-info", "0"}},
+    {"show_bss_info_json", {"--json", "show", "bss-info", "0"}},
     {"show_unknown", {"show", "station", "0", "1"}},
     {"show_wrong_operand", {"show", "stations", "0", "one"}},
     {"show_wrong_bss_json", {"--json", "show", "stations", "0", "4"}},

@@ -213,4 +213,65 @@ TEST_F(ShowBss, NoSecretIsShown)
     EXPECT_THAT(run({"--show-secrets", "--json", "show", "bss", "0"}).out, Not(HasSubstr("house")));
 }
 
+// ---- show bss-info
+
+TEST_F(ShowBss, ASummaryIsInWordsAndAsTheLibraryGivesIt)
+{
+    ASSERT_EQ(run({"set", "hide-ssid", "2", "on"}).exit, 0);
+    ASSERT_EQ(run({"set", "security", "2", "wpa2", "psk"}).exit, 0);
+    const Transcript run = this->run({"show", "bss-info", "2"});
+    EXPECT_EQ(run.exit, 0);
+    EXPECT_EQ(run.err, "");
+    EXPECT_EQ(run.out, "ssid           \"oru-2\"\n"
+                       "hidden         on\n"
+                       "security       wpa2\n"
+                       "security-text  \"WPA2 \"\n");
+    EXPECT_EQ(jsonOf({"--json", "show", "bss-info", "2"}, 0),
+              (json{{"schema", "oructl/1"},
+                    {"show", "bss-info"},
+                    {"bss", 2},
+                    {"facts",
+                     {{"ssid", {{"text", "oru-2"}, {"hex", "6f72752d32"}}},
+                      {"hidden", onOff(true)},
+                      {"security", {{"word", "wpa2"}, {"number", 2}}},
+                      {"security-text", "WPA2 "}}}}));
+}
+
+TEST_F(ShowBss, EachTextOfASummaryHasItsWord)
+{
+    const auto expect = [this](const std::string &word, const json &text) {
+        const json facts = jsonOf({"--json", "show", "bss-info", "0"}, 0)["facts"];
+        EXPECT_EQ(facts["security"]["word"], word);
+        EXPECT_EQ(facts["security-text"], text);
+    };
+    expect("open", "OPEN Mode");
+    set(kAa, "bss0.openAccessEnabled", "false");
+    expect("none-or-dynamic-wep", nullptr);
+    EXPECT_THAT(run({"show", "bss-info", "0"}).out,
+                HasSubstr("security       none-or-dynamic-wep\nsecurity-text  -\n"));
+    set(kAa, "bss0.wpaEnabled", "true");
+    set(kAa, "bss0.wpaAuthTypes", "1");
+    const char *const words[] = {"unknown", "wpa", "wpa2", "wpa-mixed"};
+    const char *const texts[] = {"UnKNown", "WPA ", "WPA2 ", "WPA + WPA2 "};
+    for (size_t mode = 0; mode < 4; ++mode) {
+        set(kAa, "bss0.mixedIeMode", std::to_string(mode));
+        expect(words[mode], texts[mode]);
+    }
+    set(kAa, "bss0.wepEnabled", "true");
+    expect("wep", "WEP Mode");
+}
+
+TEST_F(ShowBss, ASummaryFailsWhereACommitWouldAndSaysWhatToChange)
+{
+    ASSERT_EQ(run({"set", "security", "1", "wpa2", "radius"}).exit, 0);
+    const Transcript run = this->run({"show", "bss-info", "1"});
+    EXPECT_EQ(run.exit, 1);
+    EXPECT_EQ(run.out, "");
+    EXPECT_THAT(run.err, HasSubstr("oructl: show bss-info 1: failed: "));
+    EXPECT_THAT(run.err, HasSubstr("(code 81); no RADIUS server is configured; set one with: "));
+    EXPECT_EQ(jsonOf({"--json", "show", "bss-info", "1"}, 1)["error"]["code"], 81);
+    EXPECT_THAT(this->run({"show", "bss-info", "4"}).err, HasSubstr("(code 115); BSS is 0 to 3"));
+    EXPECT_EQ(this->run({"show", "bss-info"}).exit, 2);
+}
+
 } // namespace

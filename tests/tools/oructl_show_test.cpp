@@ -412,7 +412,7 @@ TEST_F(WithoutService, CompletionKnowsViewsAndCommands)
         return run(words).out;
     };
     EXPECT_EQ(candidates({"show"}),
-              "radios\nbss-list\nstations\nscan\nstats\nbss\n--json\n--help\n");
+              "radios\nbss-list\nstations\nscan\nstats\nbss\nbss-info\n--json\n--help\n");
     EXPECT_EQ(candidates({"show", "stations"}), "0\n1\n");
     EXPECT_EQ(candidates({"show", "stations", "0"}), "0\n1\n2\n3\n");
     EXPECT_EQ(candidates({"show", "stations", "0", "0"}), "--watch\n");

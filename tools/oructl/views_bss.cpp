@@ -2,7 +2,10 @@
 #include "adapt_bss.hpp"
 #include "oruSdk.h"
 #include "readings.hpp"
+#include "reasons.hpp"
 #include "views.hpp"
+
+#include <algorithm>
 
 namespace oructl {
 namespace {
@@ -12,6 +15,7 @@ constexpr Operand kOptionalBss = {.label = kBssOperand.label,
                                   .holds = kBssOperand.holds,
                                   .optional = true};
 constexpr Operand kMaybeBss[] = {kOptionalBss};
+constexpr Operand kBss[] = {kBssOperand};
 
 // ---- bss
 
@@ -87,6 +91,45 @@ uint32_t fetchBss(const Arguments &arguments, Answer &answer)
                      {bss.number, bss.number}, answer);
 }
 
+// ---- bss-info
+
+/// The numbers of the item "security", where it has them.
+constexpr Word kSummaryWords[] = {{"none-or-dynamic-wep", 0},
+                                  {"wpa", 1},
+                                  {"wpa2", 2},
+                                  {"wpa-mixed", 3},
+                                  {"open", 4},
+                                  {"wep", 5},
+                                  {"unknown", 6}};
+constexpr Field kSummary[] = {
+    {.name = "ssid", .kind = Kind::Bytes},
+    {.name = "hidden", .kind = Kind::Switch, .words = kOnOffWords},
+    {.name = "security", .kind = Kind::Choice, .words = kSummaryWords},
+    {.name = "security-text", .kind = Kind::Text, .meaning = "as the library gives it"}};
+
+/// The texts of the library, by the numbers of the words; the first stands for none.
+constexpr std::string_view kSummaryTexts[] = {"",          "WPA ",     "WPA2 ",  "WPA + WPA2 ",
+                                              "OPEN Mode", "WEP Mode", "UnKNown"};
+
+Value securityOf(std::string_view text)
+{
+    const auto *const found = std::find(std::begin(kSummaryTexts), std::end(kSummaryTexts), text);
+    return found == std::end(kSummaryTexts) ? Value{} : numberValue(found - kSummaryTexts);
+}
+
+uint32_t fetchSummary(const Arguments &arguments, Answer &answer)
+{
+    const int64_t bss = arguments.values[0].number;
+    OruSdkBssInfoParam record{}; // without a text the mode is none, or dynamic WEP
+    record.bssIndex = static_cast<int32_t>(bss);
+    const uint32_t code = oruSdkGetBssInfoParam(&record);
+    answer.detail = bssReason(code, {.index = bss});
+    const std::string text = record.securityMode;
+    answer.facts = {textValue(record.ssid), numberValue(static_cast<int32_t>(record.suppressSsid)),
+                    securityOf(text), text.empty() ? Value{} : textValue(text)};
+    return code;
+}
+
 constexpr View kViews[] = {
     {.name = "bss",
      .operands = kMaybeBss,
@@ -96,6 +139,14 @@ constexpr View kViews[] = {
      .operations = "",
      .fetch = fetchBss,
      .parts = kParts},
+    {"bss-info",
+     kBss,
+     {},
+     "",
+     "a summary of a BSS; fails where a commit of it would",
+     "oruSdkGetBssInfoParam",
+     fetchSummary,
+     kSummary},
 };
 
 } // namespace
