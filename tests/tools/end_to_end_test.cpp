@@ -89,7 +89,7 @@ TEST_F(EndToEnd, ACommitOfAnIncompleteBssIsRefusedAndReachesNoService)
 {
     done({"set", "security", "0", "wpa2", "psk"});
     const Transcript run = this->run({"commit"});
-    EXPECT_EQ(run.exit, 1);
+    EXPECT_EQ(run.exit, 6);
     EXPECT_THAT(run.err, HasSubstr("no key of BSS 0 is stored; set one with: oructl set psk 0 -"));
     EXPECT_THAT(wholeLog(), Not(HasSubstr("reloaded")));
 }

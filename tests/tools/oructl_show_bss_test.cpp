@@ -182,7 +182,7 @@ TEST_F(ShowBss, NothingThatCanBeReadIsAFailure)
     remove(kAa);
     for (const Arguments &arguments : {Arguments{"show", "bss"}, Arguments{"show", "bss", "0"}}) {
         const Transcript run = this->run(arguments);
-        EXPECT_EQ(run.exit, 1);
+        EXPECT_EQ(run.exit, 7);
         EXPECT_EQ(run.out, "");
         EXPECT_THAT(run.err, HasSubstr("(code 7)"));
     }
@@ -211,6 +211,29 @@ TEST_F(ShowBss, NoSecretIsShown)
     ASSERT_EQ(run({"set", "security", "0", "wpa2", "psk"}).exit, 0);
     ASSERT_EQ(runWithInput("secret of the house\n", {"set", "psk", "0", "-"}).exit, 0);
     EXPECT_THAT(run({"--show-secrets", "--json", "show", "bss", "0"}).out, Not(HasSubstr("house")));
+}
+
+TEST_F(ShowBss, FieldsAreItemsAndTerseIsTheirValuesAlone)
+{
+    set(kWsm, "bss1.registrarinfo", "x");
+    EXPECT_EQ(run({"show", "--fields", "registrar,ssid", "bss"}).out,
+              "bss  registrar  ssid\n"
+              "0    0          \"oru\"\n"
+              "1    -          \"oru-1\"\n"
+              "2    0          \"oru-2\"\n"
+              "3    0          \"oru-3\"\n\n"
+              "bss 1: registrar: This config item not set, Disabled (code 109)\n");
+    EXPECT_EQ(run({"show", "--terse", "--fields", "timeouts,registrar,ssid", "bss"}).out,
+              "none\t3600\t0\toru\n"
+              "none\t3600\t\toru-1\n"
+              "none\t3600\t0\toru-2\n"
+              "none\t3600\t0\toru-3\n");
+    const json row = jsonOf({"show", "--json", "--fields", "vlan", "bss", "1"}, 0)["rows"][0];
+    EXPECT_EQ(row, (json{{"index", 1}, {"vlan", 1}, {"problems", json::object()}}));
+    EXPECT_EQ(run({"show", "--terse", "bss", "0"}).out,
+              "oru\toff\ton\ton\t1\ton\toff\toff\topen\t\t\t\t\tnone\t3600\t0\ton\t"
+              "not-configured\t0\toff\t5af1c0de0b5500000000020000000a00\tbss0\n");
+    EXPECT_EQ(run({"show", "--fields", "none", "bss"}).exit, 2);
 }
 
 // ---- show bss-info
@@ -265,11 +288,11 @@ TEST_F(ShowBss, ASummaryFailsWhereACommitWouldAndSaysWhatToChange)
 {
     ASSERT_EQ(run({"set", "security", "1", "wpa2", "radius"}).exit, 0);
     const Transcript run = this->run({"show", "bss-info", "1"});
-    EXPECT_EQ(run.exit, 1);
+    EXPECT_EQ(run.exit, 6);
     EXPECT_EQ(run.out, "");
     EXPECT_THAT(run.err, HasSubstr("oructl: show bss-info 1: failed: "));
     EXPECT_THAT(run.err, HasSubstr("(code 81); no RADIUS server is configured; set one with: "));
-    EXPECT_EQ(jsonOf({"--json", "show", "bss-info", "1"}, 1)["error"]["code"], 81);
+    EXPECT_EQ(jsonOf({"--json", "show", "bss-info", "1"}, 6)["error"]["code"], 81);
     EXPECT_THAT(this->run({"show", "bss-info", "4"}).err, HasSubstr("(code 115); BSS is 0 to 3"));
     EXPECT_EQ(this->run({"show", "bss-info"}).exit, 2);
 }

@@ -3,6 +3,7 @@
 #include "codes.hpp"
 #include "display.hpp"
 #include "oruSdk.h"
+#include "terse_output.hpp"
 
 #include <algorithm>
 
@@ -126,6 +127,47 @@ std::string textReadings(const View &view, const Answer &answer, Secrets secrets
     const Charset charset = charsetOfEnvironment();
     return answer.readings.size() == 1 ? textDetails(view, answer.readings[0], charset, secrets)
                                        : textTable(view, answer, charset, secrets);
+}
+
+std::string terseReadings(const Answer &answer, Secrets secrets)
+{
+    std::string out;
+    for (const auto &readings : answer.readings) {
+        std::vector<Field> fields;
+        std::vector<Value> values;
+        for (const auto &[item, call, code] : readings) {
+            fields.insert(fields.end(), item->fields.begin(), item->fields.end());
+            values.insert(values.end(), call.values.begin(), call.values.end());
+            if (code != ORUSDK_RC_OK)
+                std::fill(values.end() - static_cast<ptrdiff_t>(call.values.size()), values.end(),
+                          Value{});
+        }
+        out += terseLine(fields, values, secrets);
+    }
+    return out;
+}
+
+std::vector<Field> itemNames(std::span<const Part> parts)
+{
+    std::vector<Field> fields;
+    for (const Part &part : parts) fields.push_back({.name = part.item, .kind = Kind::Text});
+    return fields;
+}
+
+std::vector<Part> chooseParts(std::span<const Part> parts, const std::vector<size_t> &places,
+                              Answer &answer)
+{
+    std::vector<Part> chosen;
+    for (const size_t place : places) {
+        chosen.push_back(parts[place]);
+        if (chosen.back().column.empty()) chosen.back().column = chosen.back().item;
+    }
+    for (auto &readings : answer.readings) {
+        std::vector<Reading> kept;
+        for (const size_t place : places) kept.push_back(readings[place]);
+        readings = std::move(kept);
+    }
+    return chosen;
 }
 
 } // namespace oructl

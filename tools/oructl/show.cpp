@@ -95,15 +95,17 @@ bool fetched(const View &view, const Arguments &arguments, Answer &answer, uint3
 /// Values alone: a line for each row, or one of the facts where there is nothing else.
 std::string terseView(const View &view, const Answer &answer, Secrets secrets)
 {
+    if (!view.parts.empty()) return terseReadings(answer, secrets);
     if (view.columns.empty()) return terseLine(view.facts, answer.facts, secrets);
     std::string out;
     for (const Row &row : answer.rows) out += terseLine(view.columns, row, secrets);
     return out;
 }
 
-/// The columns, or the facts of a view without columns, that the request chooses.
+/// The columns that the request chooses; of a view without columns the items, or the facts.
 Selection selectColumns(const Request &request, const View &view)
 {
+    if (!view.parts.empty()) return select(request, itemNames(view.parts));
     return select(request, view.columns.empty() ? view.facts : view.columns);
 }
 
@@ -112,7 +114,11 @@ std::string shown(const Request &request, const View &view, const Arguments &arg
 {
     const Selection chosen = selectColumns(request, view);
     View part = view;
-    if (view.columns.empty()) {
+    std::vector<Part> parts;
+    if (!view.parts.empty()) {
+        if (request.fields != nullptr) parts = chooseParts(view.parts, chosen.places, answer);
+        if (request.fields != nullptr) part.parts = parts;
+    } else if (view.columns.empty()) {
         part.facts = chosen.fields;
         answer.facts = chosen.of(answer.facts);
     } else {
