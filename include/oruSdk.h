@@ -1636,8 +1636,8 @@ typedef struct OruSdkBasicRateSetInfo {
  * Reads the basic rates of every family. Keys "radio%d.dot11aRates", "radio%d.dot11bRates",
  * "radio%d.dot11gRates", "radio%d.dot11nRates" of "/var/wsmDefaults", in this order.
  * @param info radioIndex 0 or 1; each text receives its family's basic rates in the stored order,
- *             at most as many whole ones as fit. The text of a family without any is left as it
- * was: clear the record beforehand
+ *             at most as many whole ones as fit. The text of a family without any is left as
+ *             it was: clear the record beforehand
  * @retval 0  read
  * @retval 2  info is NULL
  * @retval 3  radioIndex is 2 or more
@@ -2063,7 +2063,8 @@ typedef struct OruSdkSuppressSsidParam {
  * which also gives the present mask: bit 0 is radio 0, bit 1 radio 1. A change keeps the low 16
  * bits. When the radio is in the requested state already, nothing is written and a line is logged.
  * @param param bssIndex up to 3, a negative one forms its keys with the sign; radioIndex 0 or 1,
- * any other one writes the mask back as it is; enable 0 or 1, which receives the new mask
+ *              any other one writes the mask back as it is; enable 0 or 1, which receives the new
+ *              mask
  * @retval 0   written, or in the requested state already
  * @retval 2   param is NULL
  * @retval 115 bssIndex is above 3
@@ -2174,7 +2175,8 @@ ORUSDK_API uint32_t oruSdkSetIntraBss(int32_t bssIndex, int32_t value);
  * @retval 2  value is NULL
  * @retval 7  the file can't be loaded
  * @retval 4294967295 the key is missing or no number: the status of liboruAsf (-1) instead of a
- * return code, on purpose. Check it against ORUSDK_RC_COUNT.
+ *            return code, on purpose, as any other non-zero status of it would be. Check the result
+ *            against ORUSDK_RC_COUNT.
  * @see oruSdkSetIntraBss
  */
 ORUSDK_API uint32_t oruSdkGetIntraBss(int32_t bssIndex, uint32_t *value);
@@ -2201,7 +2203,8 @@ ORUSDK_API uint32_t oruSdkSetInterBss(int32_t radioIndex, int32_t value);
  * @retval 2  value is NULL
  * @retval 7  the file can't be loaded
  * @retval 4294967295 the key is missing or no number: the status of liboruAsf (-1) instead of a
- * return code, on purpose. Check it against ORUSDK_RC_COUNT.
+ *            return code, on purpose, as any other non-zero status of it would be. Check the result
+ *            against ORUSDK_RC_COUNT.
  * @see oruSdkSetInterBss
  */
 ORUSDK_API uint32_t oruSdkGetInterBss(int32_t radioIndex, uint32_t *value);
@@ -2286,8 +2289,9 @@ ORUSDK_API uint32_t oruSdkGetEtherVlanId(uint16_t *vlanIds, uint32_t *count, uin
  * @retval 7   a file can't be loaded ("/var/1x.conf" is the first)
  * @retval 42  on: "dot11Mode" of "/var/wsmDefaults" is missing or no number
  * @retval 114 on: "dot11Mode" is 9, 802.11n only
- * @retval 26  on: "bss%d.wepEnabled" or "bss%d.wpaEnabled" is missing or no boolean
+ * @retval 26  on: "bss%d.wepEnabled" is missing or no boolean
  * @retval 46  on: WEP is on
+ * @retval 26  on: "bss%d.wpaEnabled" is missing or no boolean
  * @retval 45  on: WPA is on
  * @retval 25  a key can't be written
  * @retval 8   a file can't be saved
@@ -2312,8 +2316,8 @@ ORUSDK_API uint32_t oruSdkGetSecModeOpen(int32_t bssIndex, uint32_t *enabled);
 /**
  * Switches WPA of a BSS on or off. Takes effect with the next commit.
  * Off: "bss%d.wpaEnabled" of "/var/1x.conf" becomes false, "bss%d.BpRSNFlag" and "bss%d.BpPskFlag"
- * of
- * "/var/wsmDefaults" 0; the types stay stored, and authType and encType are not looked at.
+ * of "/var/wsmDefaults" become 0; the types stay stored, and authType and encType are not looked
+ * at.
  * On: needs open access and WEP off. Sets "bss%d.wpaEnabled", "bss%d.wpaAuthTypes",
  * "bss%d.wpaEncTypes" and "bss%d.mixedIeMode" of "/var/1x.conf", and "bss%d.BpRSNFlag" (encType +
  * 1), "bss%d.BpPskFlag" (authType) and "bss%d.wpsstate" (2) of "/var/wsmDefaults".
@@ -2576,9 +2580,10 @@ typedef struct OruSdkRadiusServer {
  * @retval 84 numServers is not 1 to 3
  * @retval 2  servers is NULL
  * @retval 7  the file can't be loaded
- * @retval 85 a name has more than 63 characters; nothing is written
- * @retval 86 a secret has none or more than 65 characters; nothing is written
- * @retval 25 a key can't be written
+ * @retval 25 a key can't be written; nothing is saved. Servers are checked and written one by one:
+ *            a key that can't be written comes before the checks of what is behind it
+ * @retval 85 a name has more than 63 characters; nothing is saved
+ * @retval 86 a secret has none or more than 65 characters; nothing is saved
  * @retval 8  the file can't be saved
  * @see oruSdkGetRadiusConf
  */
@@ -2617,9 +2622,10 @@ ORUSDK_API uint32_t oruSdkGetRadiusConf(uint32_t *timeout, uint32_t *maxTries, u
  * @retval 2  mode is NULL
  * @retval 90 mode is above 2
  * @retval 7  the file can't be loaded
- * @retval 2  mode is 1 or 2, and count or entries is NULL
- * @retval 89 count is above 256
- * @retval 25 a key can't be written
+ * @retval 25 "localMacAcl" can't be written
+ * @retval 2  mode is 1 or 2, and count or entries is NULL; nothing is saved
+ * @retval 89 count is above 256; nothing is saved
+ * @retval 25 "localMacAclCount" or an entry can't be written
  * @retval 8  the file can't be saved
  * @see oruSdkGetMacAclList
  */
@@ -3180,8 +3186,10 @@ typedef struct OruSdkBssInfoParam {
     int32_t bssIndex;      /**< 0 to 3; a negative number forms its key with the sign */
     char ssid[33];         /**< up to 32 characters, NUL-terminated */
     uint32_t suppressSsid; /**< whether the SSID is hidden, as it is stored */
-    char securityMode[12]; /**< "OPEN Mode", "WEP Mode", "WPA ", "WPA2 ", "WPA + WPA2 " or
-                              "UnKNown"; left as it is with dynamic WEP alone */
+    char securityMode[12]; /**< of the first mode that is on: open access "OPEN Mode", WEP "WEP
+                              Mode", WPA by its "bss%d.mixedIeMode" "WPA " (1, or missing), "WPA2 "
+                              (2), "WPA + WPA2 " (3) or "UnKNown" (any other). Without any of them,
+                              with dynamic WEP alone too, left as it is */
 } OruSdkBssInfoParam;
 
 /**
@@ -3195,9 +3203,11 @@ typedef struct OruSdkBssInfoParam {
  * @retval 2   param is NULL
  * @retval 115 bssIndex is above 3
  * @retval 7   a file can't be loaded
- * @retval 42  the SSID is missing, or whether it is hidden
+ * @retval 42  "bss%d.ssId" is missing
  * @retval 23  the stored SSID has more than 32 characters
- * @retval 26  one of the first three flags can't be read; dynamic WEP is then taken as off instead
+ * @retval 42  "bss%d.suppressSSIDFlag" is missing or no number; the SSID is filled
+ * @retval 26  "bss%d.openAccessEnabled", "bss%d.wpaEnabled" or "bss%d.wepEnabled" is missing or no
+ *             boolean; "bss%d.dynamicWepEnabled" is then taken as off, with a warning
  * @retval 73  WPA is on, and the authentication type is missing
  * @retval 74  WPA is on, and the encryption type is missing
  * @retval 81  the BSS needs a RADIUS server, and none is configured

@@ -147,8 +147,12 @@ nlohmann::json OructlTest::jsonOf(const Arguments &arguments, int exit) const
 
 std::vector<std::string> OructlTest::environment() const
 {
-    return {"ORU_ROOT=" + root_, "ORU_LOG=none", "LC_ALL=" + locale_,
-            "PATH=" + root_ + "/bin:/usr/bin:/bin", "TERM=xterm"};
+    std::vector<std::string> variables = {"ORU_ROOT=" + root_, "ORU_LOG=none", "LC_ALL=" + locale_,
+                                          "PATH=" + root_ + "/bin:/usr/bin:/bin", "TERM=xterm"};
+    if (preload_.empty()) return variables;
+    variables.push_back("LD_PRELOAD=" + preload_);
+    variables.emplace_back("ASAN_OPTIONS=verify_asan_link_order=0"); // of a sanitized build
+    return variables;
 }
 
 Transcript OructlTest::runWith(int input, const Arguments &arguments, Stdout where) const

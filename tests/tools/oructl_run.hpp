@@ -64,6 +64,7 @@ protected:
     static constexpr const char *kAaFactory = "/var/1x.conf.orig";
 
     std::string locale_ = "C";
+    std::string preload_ = ""; ///< a library that goes before all others of a run
 
 private:
     Transcript runWith(int input, const Arguments &arguments, Stdout where) const;

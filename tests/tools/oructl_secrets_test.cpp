@@ -135,6 +135,15 @@ const Plant kPlants[] = {
     {"radius_too_long",
      {"set", "radius", "1", "1", "h:1"},
      "CANARYCANARYCANARYCANARYCANARYCANARYCANARY\n"},
+    {"pin_without_service", {"wps", "set-pin", "0", "1"}, "CANARY\n"},
+    {"pin_refused", {"wps", "set-pin", "0", "4", "-"}, "CANARY\n"},
+    {"pin_in_argv", {"wps", "set-pin", "0", "1", "CANARY"}, ""},
+    {"pin_in_argv_twice", {"wps", "set-pin", "0", "1", "-", "CANARY"}, "12345670\n"},
+    {"pin_misplaced", {"wps", "set-pin", "0", "CANARY"}, ""},
+    {"pin_insecure", {"--insecure-argv", "wps", "set-pin", "0", "1", "CANARY"}, ""},
+    {"pin_of_a_station", {"wps", "enroll", "pin", "0", "1", "-"}, "CANARY\n"},
+    {"pin_of_a_station_in_argv", {"wps", "enroll", "pin", "0", "1", "CANARY"}, ""},
+    {"pin_of_a_station_misplaced", {"wps", "enroll", "pin", "CANARY"}, ""},
 };
 
 std::string planted(std::string text)

@@ -39,7 +39,7 @@ protected:
 TEST_F(Wps, EnrollSendsTheMethod)
 {
     wsm.answer(kEnroll, {reply({number32(10, 0)})});
-    EXPECT_EQ(run({"wps", "enroll", "pin", "0", "1", "12345670"}).exit, 0);
+    EXPECT_EQ(runWithInput("12345670\n", {"wps", "enroll", "pin", "0", "1", "-"}).exit, 0);
     EXPECT_EQ(run({"wps", "enroll", "pbc", "1", "1"}).exit, 0);
     const Transcript last = run({"wps", "enroll", "ap-pin", "0", "1"});
     EXPECT_EQ(last.exit, 0);
@@ -57,21 +57,22 @@ TEST_F(Wps, EnrollSendsTheMethod)
 TEST_F(Wps, EnrollAsJsonHidesThePin)
 {
     wsm.answer(kEnroll, {reply({})});
-    EXPECT_EQ(jsonOf({"--json", "wps", "enroll", "pin", "0", "1", "12345670"}, 0),
-              (json{{"schema", "oructl/1"}, {"wps", "enroll pin"}, {"radio", 0}, {"bss", 1}}));
+    EXPECT_EQ(
+        jsonOf({"--json", "--insecure-argv", "wps", "enroll", "pin", "0", "1", "12345670"}, 0),
+        (json{{"schema", "oructl/1"}, {"wps", "enroll pin"}, {"radio", 0}, {"bss", 1}}));
 }
 
 TEST_F(Wps, EnrollIsRefusedWhereWpsIsOffAndThePinIsNotShown)
 {
     set(kAa, "bss0.wscEnabledFlag", "0");
-    EXPECT_EQ(run({"wps", "enroll", "pin", "0", "0", "12345670"}).err,
+    EXPECT_EQ(runWithInput("12345670\n", {"wps", "enroll", "pin", "0", "0"}).err,
               "oructl: wps enroll pin 0 0: failed: This config item not set, Disabled (code 109); "
               "WPS is off for this BSS\n");
     EXPECT_EQ(run({"wps", "enroll", "pbc", "2", "1"}).err,
               "oructl: wps enroll pbc 2 1: refused: Invalid radio ID (code 3); RADIO is 0 to 1\n");
     EXPECT_THAT(run({"wps", "enroll", "pbc", "0", "4"}).err,
                 HasSubstr("(code 115); BSS is 0 to 3"));
-    EXPECT_EQ(run({"wps", "enroll", "pin", "0", "1"}).exit, 2);
+    EXPECT_EQ(runWithInput("", {"wps", "enroll", "pin", "0", "1"}).exit, 2);
     EXPECT_EQ(run({"wps", "enroll", "pbc", "65536", "1"}).exit, 2) << "never cut";
     EXPECT_THAT(wsm.requests(), IsEmpty());
 }
@@ -84,7 +85,8 @@ TEST_F(Wps, AnUnexpectedElementFails)
     EXPECT_THAT(run({"wps", "status", "0", "1"}).err, HasSubstr("(code 119)"));
     EXPECT_THAT(run({"wps", "status", "0", "1", "--wait"}).err, HasSubstr("(code 119)"));
     EXPECT_THAT(run({"wps", "generate", "0", "1"}).err, HasSubstr("(code 119)"));
-    EXPECT_THAT(run({"wps", "set-pin", "0", "1", "12345670"}).err, HasSubstr("(code 48)"));
+    EXPECT_THAT(runWithInput("12345670\n", {"wps", "set-pin", "0", "1"}).err,
+                HasSubstr("(code 48)"));
     EXPECT_EQ(jsonOf({"--json", "wps", "status", "0", "1"}, 1)["error"]["code"], 119);
 }
 
@@ -142,11 +144,11 @@ TEST_F(Wps, StatusStopsWaitingInTheEnd)
 TEST_F(Wps, SetPinTellsAndStoresIt)
 {
     wsm.answer(kConfig, {reply({number32(10, 201), number16(14, 1)}, 281, 0)});
-    const Transcript run = this->run({"wps", "set-pin", "1", "2", "12345678"});
+    const Transcript run = runWithInput("12345678\n", {"wps", "set-pin", "1", "2"});
     EXPECT_EQ(run.exit, 0);
     EXPECT_EQ(run.out + run.err, "");
     EXPECT_EQ(value(kWsm, "bss2.appinpasswd"), "\"12345678\"");
-    EXPECT_THAT(this->run({"--json", "wps", "set-pin", "1", "2", "12345678"}).out,
+    EXPECT_THAT(runWithInput("12345678\n", {"--json", "wps", "set-pin", "1", "2"}).out,
                 Not(HasSubstr("12345678")));
 }
 
@@ -173,6 +175,28 @@ TEST_F(Wps, SetPinReadsStandardInput)
     EXPECT_EQ(runWithInput("12345670\n", {"wps", "enroll", "pin", "0", "1", "-"}).exit, 0);
     EXPECT_EQ(lastEight(wsm.requests().back()), (Bytes{'1', '2', '3', '4', '5', '6', '7', '0'}));
     EXPECT_EQ(value(kWsm, "bss1.appinpasswd"), "\"44444444\"");
+}
+
+TEST_F(Wps, APinOnTheCommandLineIsTakenOnlyWhenThatIsAskedFor)
+{
+    wsm.answer(kConfig, {reply({}, 281, 0)});
+    wsm.answer(kEnroll, {reply({})});
+    const Arguments setPin = {"wps", "set-pin", "0", "1", "12345670"};
+    const Arguments enroll = {"wps", "enroll", "pin", "0", "1", "12345670"};
+    for (Arguments arguments : {setPin, enroll}) {
+        SCOPED_TRACE(testing::PrintToString(arguments));
+        const Transcript run = this->run(arguments);
+        EXPECT_EQ(run.exit, 2);
+        EXPECT_THAT(run.err, HasSubstr("PIN: a secret comes from standard input (-) or a file "
+                                       "(@FILE), and only with --insecure-argv from the command "
+                                       "line\n"));
+        EXPECT_THAT(wsm.requests(), IsEmpty());
+        EXPECT_EQ(value(kWsm, "bss1.appinpasswd"), std::nullopt);
+    }
+    EXPECT_EQ(run({"--insecure-argv", "wps", "set-pin", "0", "1", "@2345670"}).exit, 0);
+    EXPECT_EQ(value(kWsm, "bss1.appinpasswd"), "\"@2345670\"") << "as it stands";
+    EXPECT_EQ(run({"wps", "--insecure-argv", "enroll", "pin", "0", "1", "12345670"}).exit, 0);
+    EXPECT_EQ(lastEight(wsm.requests().back()), (Bytes{'1', '2', '3', '4', '5', '6', '7', '0'}));
 }
 
 TEST_F(Wps, APinIsMaskedUnlessItIsAskedFor)

@@ -203,8 +203,12 @@ int runCommand(Request &request)
     if (command == nullptr) return reportNoCommand(request);
     Arguments arguments;
     const Words words = request.operands.subspan(*matchedWords(*command, request.operands));
-    const std::string problem =
-        parseArguments(command->operands, command->repeat, words, arguments);
+    std::string problem = parseArguments(command->operands, command->repeat, words, arguments);
+    const bool secret =
+        std::any_of(command->operands.begin(), command->operands.end(), [](const Operand &operand) {
+            return hasSecret({&operand.field, 1});
+        });
+    if (secret) problem = withoutQuotation(problem); // a word may be a misplaced secret
     if (problem.empty()) {
         const Patience patience{request,
                                 attemptOf(request, command->words, command->operands, arguments)};

@@ -219,8 +219,11 @@ std::string jsonView(const View &view, const Arguments &arguments, const Answer 
         addFields(object, {&view.operands[i].field, 1}, {arguments.values[i]}, secrets);
     if (!view.facts.empty()) object["facts"] = fieldsOf(view.facts, answer.facts, secrets);
     if (!answer.items.empty()) addItems(object, answer.items, secrets);
-    if (view.columns.empty()) return line(object);
+    if (view.columns.empty() && view.parts.empty()) return line(object);
     object["rows"] = Json::array();
+    for (const auto &readings : answer.readings)
+        addItems(object["rows"].emplace_back(Json{{"index", readings.front().call.index}}),
+                 readings, secrets);
     for (const Row &row : answer.rows)
         object["rows"].push_back(fieldsOf(view.columns, row, secrets));
     return line(object);

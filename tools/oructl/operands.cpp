@@ -129,14 +129,6 @@ std::string parseOption(const Item &item, Words &words, Call &call, SecretSource
     return quoted(word) + " is one operand too many";
 }
 
-/// The statement without what it quotes.
-std::string withoutQuotation(const std::string &problem)
-{
-    const size_t begin = problem.find('\'');
-    if (begin == problem.npos) return problem;
-    return problem.substr(0, begin) + "a word" + problem.substr(problem.rfind('\'') + 1);
-}
-
 std::string parseWords(const Item &item, Use verb, Words words, Call &call, SecretSource *secrets)
 {
     if (item.scope != Scope::None) {
@@ -174,6 +166,13 @@ std::string parseOperands(const Item &item, Use verb, Words words, Call &call,
     call.values.resize(item.fields.size());
     std::string problem = parseWords(item, verb, words, call, secrets);
     return hasSecret(item.fields) ? withoutQuotation(problem) : problem;
+}
+
+std::string withoutQuotation(const std::string &problem)
+{
+    const size_t begin = problem.find('\'');
+    if (begin == problem.npos) return problem;
+    return problem.substr(0, begin) + "a word" + problem.substr(problem.rfind('\'') + 1);
 }
 
 bool hasSecret(std::span<const Field> fields)

@@ -21,6 +21,9 @@ std::string parseOperands(const Item &item, Use verb, Words words, Call &call,
 /// Whether an item, or an entry of its lists, has a secret.
 bool hasSecret(std::span<const Field> fields);
 
+/// The statement without what it quotes.
+std::string withoutQuotation(const std::string &problem);
+
 /// How a synopsis shows options: each by its name, or all as one word.
 enum class Synopsis : uint8_t { Full, Brief };
 

@@ -5,6 +5,7 @@
 #include "json_output.hpp"
 #include "oruSdk.h"
 #include "patience.hpp"
+#include "readings.hpp"
 #include "select.hpp"
 #include "terminal.hpp"
 #include "terse_output.hpp"
@@ -15,10 +16,6 @@
 
 namespace oructl {
 namespace {
-
-constexpr std::string_view kAbsent = "-";
-
-std::string cellOf(const Field &field, const Value &value, Charset charset, Secrets secrets);
 
 /// Entries of a list: their fields between blanks, entry by entry between commas.
 std::string cellOfList(const Field &list, const Value &value, Charset charset, Secrets secrets)
@@ -31,6 +28,8 @@ std::string cellOfList(const Field &list, const Value &value, Charset charset, S
     }
     return out.empty() ? std::string{kAbsent} : out;
 }
+
+} // namespace
 
 std::string cellOf(const Field &field, const Value &value, Charset charset, Secrets secrets)
 {
@@ -50,6 +49,8 @@ std::string headerOf(const Field &field)
     if (!field.unit.empty()) out.append("(").append(field.unit).append(")");
     return out;
 }
+
+namespace {
 
 int reportView(Request &request, const View &view, const Arguments &arguments, uint32_t code,
                const Answer &answer)
@@ -78,6 +79,7 @@ bool fetched(const View &view, const Arguments &arguments, Answer &answer, uint3
 /// view without both have a line each, behind their names.
 std::string terseView(const View &view, const Answer &answer, Secrets secrets)
 {
+    if (!view.parts.empty()) return terseReadings(answer, secrets);
     std::string out;
     for (const Reading &reading : answer.items) {
         if (!view.columns.empty() || !view.facts.empty()) break;
@@ -91,9 +93,10 @@ std::string terseView(const View &view, const Answer &answer, Secrets secrets)
     return out;
 }
 
-/// The columns, or the facts of a view without columns, that the request chooses.
+/// The columns that the request chooses; of a view without columns the items, or the facts.
 Selection selectColumns(const Request &request, const View &view)
 {
+    if (!view.parts.empty()) return select(request, itemNames(view.parts));
     return select(request, view.columns.empty() ? view.facts : view.columns);
 }
 
@@ -102,7 +105,11 @@ std::string shown(const Request &request, const View &view, const Arguments &arg
 {
     const Selection chosen = selectColumns(request, view);
     View part = view;
-    if (view.columns.empty()) {
+    std::vector<Part> parts;
+    if (!view.parts.empty()) {
+        if (request.fields != nullptr) parts = chooseParts(view.parts, chosen.places, answer);
+        if (request.fields != nullptr) part.parts = parts;
+    } else if (view.columns.empty()) {
         part.facts = chosen.fields;
         answer.facts = chosen.of(answer.facts);
     } else {
@@ -170,7 +177,7 @@ int runView(Request &request, const View &view, const Arguments &arguments)
 
 std::span<const std::span<const View>> viewFamilies()
 {
-    static const std::span<const View> all[] = {statusViews(), radioViews()};
+    static const std::span<const View> all[] = {statusViews(), radioViews(), bssViews()};
     return all;
 }
 
@@ -219,7 +226,8 @@ std::vector<Line> linesOf(const Reading &reading, Secrets secrets)
         const Value &value = reading.call.values[i];
         if (!field.belongsTo(Use::Get) || !value.given) continue;
         std::string shown = cellOf(field, value, charsetOfEnvironment(), secrets);
-        if (field.kind == Kind::Number && !field.unit.empty()) shown.append(" ").append(field.unit);
+        const bool plain = field.coded == nullptr && wordOf(field, value.number).empty();
+        if (plain && !field.unit.empty()) shown.append(" ").append(field.unit);
         lines.push_back({field.name.empty() ? name : name + '.' + std::string{field.name}, shown});
     }
     return lines;
@@ -228,6 +236,7 @@ std::vector<Line> linesOf(const Reading &reading, Secrets secrets)
 std::string textView(const View &view, const Answer &answer, Secrets secrets)
 {
     if (view.text != nullptr) return view.text(answer, secrets);
+    if (!view.parts.empty()) return textReadings(view, answer, secrets);
     const Charset charset = charsetOfEnvironment();
     std::vector<Line> facts;
     for (size_t i = 0; i < view.facts.size(); ++i)

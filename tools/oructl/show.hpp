@@ -2,10 +2,20 @@
 #pragma once
 
 #include "command.hpp"
+#include "display.hpp"
 
 namespace oructl {
 
 using Row = std::vector<Value>;
+
+/// An item among others in a view, under a heading or as a column.
+struct Part {
+    std::string_view group; ///< the heading
+    std::string_view item;
+    std::string_view column = {};                ///< none: under its heading alone
+    std::string (*cell)(const Call &) = nullptr; ///< NULL: the fields that were read, between "/"
+    const Item *own = nullptr;                   ///< instead of the catalogue's
+};
 
 /// What the getter of an item has said.
 struct Reading {
@@ -18,12 +28,13 @@ Reading readItem(const Item &item, int64_t index);
 
 /// What a view shows, or why it can't.
 struct Answer {
-    std::vector<Value> facts = {};   ///< one for each fact of the view
-    std::vector<Reading> items = {}; ///< shown as a get does, behind the facts
-    std::vector<Row> rows = {};      ///< one value for each column
-    std::string problem = {};        ///< a failure that no code stands for
-    std::string detail = {};         ///< about a failure
-    ExitStatus status = kFailed;     ///< of a failure that no code stands for
+    std::vector<Value> facts = {};                   ///< one for each fact of the view
+    std::vector<Reading> items = {};                 ///< shown as a get does, behind the facts
+    std::vector<Row> rows = {};                      ///< one value for each column
+    std::vector<std::vector<Reading>> readings = {}; ///< of each index, one for each part
+    std::string problem = {};                        ///< a failure that no code stands for
+    std::string detail = {};                         ///< about a failure
+    ExitStatus status = kFailed;                     ///< of a failure that no code stands for
 };
 
 struct View {
@@ -36,6 +47,7 @@ struct View {
     uint32_t (*fetch)(const Arguments &, Answer &);
     std::span<const Field> facts = {}; ///< values of the whole, shown above the table
     std::string (*text)(const Answer &, Secrets) = nullptr; ///< of a form of its own; else as above
+    std::span<const Part> parts = {};                       ///< instead of columns and facts
 };
 
 /// The views, family by family.
@@ -63,6 +75,13 @@ std::string textView(const View &view, const Answer &answer, Secrets secrets);
 // ---- Parts of the text
 
 using Line = std::vector<std::string>;
+
+inline constexpr std::string_view kAbsent = "-";
+
+/// "session-timeout(seconds)".
+std::string headerOf(const Field &field);
+
+std::string cellOf(const Field &field, const Value &value, Charset charset, Secrets secrets);
 
 /// Pads all but the last cell of each line to the width of its column.
 std::string aligned(const std::vector<Line> &lines);

@@ -361,9 +361,9 @@ constexpr Verb kVerbs[] = {
      "Wi-Fi Protected Setup, at once. The verdict on an enrollment is asked for by 'wps status':\n"
      "0 success, 200 key too long, 201 invalid checksum; with --wait it asks once a second until\n"
      "one of these comes, for 120 seconds or as many as given, and fails unless it is success.\n"
-     "PIN is the PIN itself, '-' for the next line of standard input (asked for on a terminal), "
-     "or\n"
-     "'@FILE'; 'wps set-pin' without it takes it as '-' does.",
+     "A PIN, a station's too, is a secret: the next line of standard input (- or nothing; asked\n"
+     "for without echo on a terminal), the first line of a file (@FILE), or with --insecure-argv\n"
+     "the PIN itself.",
      runCommand},
     {"list", "[PATTERN]", "lists the items",
      "Lists the items whose name or key contains PATTERN, or all: name, operands, legal values,\n"

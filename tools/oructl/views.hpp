@@ -5,6 +5,7 @@
 
 namespace oructl {
 
+std::span<const View> bssViews();
 std::span<const View> statusViews();
 std::span<const View> radioViews();
 

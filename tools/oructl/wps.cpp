@@ -12,11 +12,9 @@ namespace oructl {
 namespace {
 
 constexpr Field kPinField = {.name = "pin", .kind = Kind::Secret, .bounds = {0, 64}};
-constexpr Operand kPinOperand = {.label = "PIN", .field = kPinField};
-constexpr Operand kOptionalPin = {.label = "PIN", .field = kPinField, .optional = true};
+constexpr Operand kPinOperand = {.label = "-|@FILE", .field = kPinField, .optional = true};
 constexpr Operand kRadioAndBss[] = {kRadioOperand, kBssOperand};
 constexpr Operand kWithPin[] = {kRadioOperand, kBssOperand, kPinOperand};
-constexpr Operand kWithOptionalPin[] = {kRadioOperand, kBssOperand, kOptionalPin};
 constexpr Operand kBss[] = {kBssOperand};
 
 uint32_t radioOf(const Arguments &arguments)
@@ -36,13 +34,12 @@ int finishCall(Request &request, const Command &command, const Arguments &argume
     return reportCommand(request, command, arguments, code, detail);
 }
 
-/// The PIN as it was given, or what "-", "@FILE" or its absence stands for. Returns what is wrong,
-/// or an empty text.
+/// Reads the PIN as any secret: what "-", "@FILE" or its absence stands for, or the word itself
+/// with --insecure-argv. Returns what is wrong, or an empty text.
 std::string readPin(const Request &request, const Value &given, std::string &pin)
 {
-    const std::string_view word = given.given ? std::string_view{given.text} : "-";
-    if (word != "-" && !word.starts_with('@')) return pin = word, "";
-    return SecretSource{request.secretFile}.read(word, "PIN", pin);
+    if (given.given && request.insecureArgv) return pin = given.text, "";
+    return SecretSource{request.secretFile}.read(given.given ? given.text : "-", "PIN", pin);
 }
 
 // ---- Enrollment
@@ -175,7 +172,7 @@ constexpr Command kCommands[] = {
      "sendWscEnroll", enroll<2>},
     {"wps", "status", kRadioAndBss, "shows the result of the last enrollment", "oruSdkGetWscStatus",
      status, kWait},
-    {"wps", "set-pin", kWithOptionalPin, "stores the access point's PIN and tells it at once",
+    {"wps", "set-pin", kWithPin, "stores the access point's PIN and tells it at once",
      "oruSdkSetDevicePin", setPin},
     {"wps", "get-pin", kBss, "shows the stored PIN (masked without --show-secrets)",
      "oruSdkGetDevicePin", getPin},
