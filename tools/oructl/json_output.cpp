@@ -237,12 +237,38 @@ std::string jsonList(const std::vector<const Item *> &items)
     return line(object);
 }
 
-std::string jsonExplanation(int64_t code)
+std::string jsonExplanation(int64_t code, const std::vector<Cause> &causes, std::string_view advice)
 {
     Json object = document();
     object["code"] = code;
     object["message"] = wordOrNull(tableMessage(code));
     object["meaning"] = codeMeaning(code);
+    object["causes"] = Json::array();
+    for (const Cause &cause : causes)
+        object["causes"].push_back(
+            Json{{"condition", cause.condition}, {"operations", cause.operations}});
+    object["advice"] = wordOrNull(advice);
+    return line(object);
+}
+
+std::string jsonExplanation(const Item &item, const std::vector<int64_t> &codes)
+{
+    Json object = document();
+    object.update(describe(item));
+    object["codes"] = Json::array();
+    for (const int64_t code : codes)
+        object["codes"].push_back(Json{{"code", code}, {"meaning", codeMeaning(code)}});
+    return line(object);
+}
+
+std::string jsonExplanation(std::string_view key, const std::vector<const Item *> &items,
+                            std::string_view factoryValue)
+{
+    Json object = document();
+    object["key"] = key;
+    object["factory"] = wordOrNull(factoryValue);
+    object["items"] = Json::array();
+    for (const Item *item : items) object["items"].push_back(describe(*item));
     return line(object);
 }
 

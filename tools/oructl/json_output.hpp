@@ -2,6 +2,7 @@
 #pragma once
 
 #include "catalogue.hpp"
+#include "explain.hpp"
 #include "request.hpp"
 #include "show.hpp"
 #include "transaction.hpp"
@@ -30,7 +31,11 @@ std::string jsonRecord(std::string_view verb, std::string_view what, std::span<c
 std::string jsonView(const View &view, const Arguments &arguments, const Answer &answer,
                      Secrets secrets);
 std::string jsonList(const std::vector<const Item *> &items);
-std::string jsonExplanation(int64_t code);
+std::string jsonExplanation(int64_t code, const std::vector<Cause> &causes,
+                            std::string_view advice);
+std::string jsonExplanation(const Item &item, const std::vector<int64_t> &codes);
+std::string jsonExplanation(std::string_view key, const std::vector<const Item *> &items,
+                            std::string_view factoryValue);
 std::string jsonVersions(std::string_view tool, std::string_view library);
 std::string jsonHelp(std::string_view topic, std::string_view text);
 std::string jsonError(const Problem &problem);

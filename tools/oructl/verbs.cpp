@@ -2,6 +2,7 @@
 #include "change.hpp"
 #include "codes.hpp"
 #include "command.hpp"
+#include "explain.hpp"
 #include "json_output.hpp"
 #include "oruSdk.h"
 #include "reasons.hpp"
@@ -268,30 +269,6 @@ int runList(Request &request)
     return kDone;
 }
 
-int runExplain(Request &request)
-{
-    if (request.operands.empty()) return reportUsage(request, "CODE is missing");
-    if (request.operands.size() > 1) return reportUsage(request, "too many operands");
-    int64_t code = 0;
-    const std::string_view text = request.operands.front();
-    const Decimal form = parseDecimal(text, code);
-    if (form == Decimal::NotANumber) return reportUsage(request, quoted(text) + " is no number");
-    if (form == Decimal::TooLarge || !isCode(code))
-        return report(request, {.kind = "failed",
-                                .attempt = typed(request),
-                                .message = "no such code",
-                                .detail = "codes are 0 to " + std::to_string(kLastCode)});
-    if (request.json) {
-        request.output = jsonExplanation(code);
-        return kDone;
-    }
-    const std::string message = messageLine(code);
-    const std::string meaning = codeMeaning(code);
-    request.output = std::to_string(code) + ": " + message + '\n';
-    if (meaning != message) request.output += "meaning: " + meaning + '\n';
-    return kDone;
-}
-
 int runVersion(Request &request)
 {
     if (!request.operands.empty()) return reportUsage(request, "too many operands");
@@ -369,8 +346,11 @@ constexpr Verb kVerbs[] = {
      "Lists the items whose name or key contains PATTERN, or all: name, operands, legal values,\n"
      "key and file. In a key, %d stands for the index; a key without it is one for all.",
      runList},
-    {"explain", "CODE", "says what a return code means",
-     "Shows the message of a return code and, where that says something else, what it means.",
+    {"explain", "CODE|ITEM|KEY", "says what a return code, an item or a key means",
+     "Of a return code: its message, what it means, which operations return it when, and what to\n"
+     "do. Of an item: its help and the codes that it can return. Of a key, such as "
+     "radio0.txPower:\n"
+     "its factory value, and the items that read or change it. No service is asked.",
      runExplain},
     {"version", "", "shows the versions of oructl and of the library",
      "Shows the versions of oructl and of the library.", runVersion},
