@@ -22,6 +22,7 @@ namespace {
 
 constexpr const char *kHide = "\x1b[?25l";
 constexpr const char *kShow = "\x1b[?25h";
+constexpr const char *kError = "\x1b[1;31moructl:\x1b[0m";
 
 /// oructl with a terminal of 40 columns and 6 lines.
 class Session {
@@ -200,7 +201,7 @@ TEST_F(Terminal, AFailureEndsAWatchAndShowsTheCursorFirst)
     Session session{environment(), kWatchStations};
     EXPECT_EQ(session.end(), 1);
     EXPECT_THAT(session.shown(),
-                HasSubstr(std::string(kShow) + "oructl: show stations 0 0: failed"));
+                HasSubstr(std::string(kShow) + kError + " show stations 0 0: failed"));
 }
 
 TEST_F(Terminal, WatchInAPipePrintsOneTableAnInterval)
@@ -240,6 +241,38 @@ TEST_F(Terminal, AnInterruptedPromptBringsTheEchoBackAndStoresNothing)
     EXPECT_EQ(session.end(), 2);
     EXPECT_TRUE(session.echoes());
     EXPECT_EQ(value(kWsm, "bss1.appinpasswd"), std::nullopt);
+}
+
+// ---- Colours
+
+TEST_F(Terminal, ErrorsAreColouredOnATerminalThatCan)
+{
+    const Arguments wrong = {"get", "no-such-item"};
+    const auto shownWith = [&](const std::vector<std::string> &more, const Arguments &arguments) {
+        std::vector<std::string> variables = environment();
+        std::erase_if(variables, [](const std::string &each) { return each.starts_with("TERM="); });
+        variables.insert(variables.end(), more.begin(), more.end());
+        Session session{variables, arguments};
+        EXPECT_EQ(session.end(), 2);
+        return session.shown();
+    };
+    const auto colored = testing::StartsWith(kError);
+    const auto plain = testing::AllOf(testing::StartsWith("oructl: "), Not(HasSubstr("\x1b")));
+    EXPECT_THAT(shownWith({"TERM=xterm"}, wrong), colored);
+    EXPECT_THAT(shownWith({"TERM=xterm", "NO_COLOR="}, wrong), colored);
+    EXPECT_THAT(shownWith({"TERM=xterm", "NO_COLOR=1"}, wrong), plain);
+    EXPECT_THAT(shownWith({"TERM=dumb"}, wrong), plain);
+    EXPECT_THAT(shownWith({}, wrong), plain);
+    EXPECT_THAT(shownWith({"TERM=xterm"}, {"--color", "never", "get", "no-such-item"}), plain);
+    EXPECT_THAT(shownWith({"TERM=dumb", "NO_COLOR=1"}, {"get", "--color", "always", "x"}), colored);
+}
+
+TEST_F(Terminal, APipeIsColouredOnlyWhenAskedFor)
+{
+    EXPECT_THAT(run({"get", "no-such-item"}).err, Not(HasSubstr("\x1b")));
+    EXPECT_THAT(run({"--color=always", "get", "no-such-item"}).err, testing::StartsWith(kError));
+    EXPECT_THAT(run({"--color=always", "--json", "get", "no-such-item"}).out,
+                Not(HasSubstr("\x1b")));
 }
 
 // ---- Texts

@@ -1,5 +1,6 @@
 #include "request.hpp"
 
+#include "color.hpp"
 #include "json_output.hpp"
 #include "nearest.hpp"
 #include "values.hpp"
@@ -7,6 +8,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <unistd.h>
 
 namespace oructl {
 namespace {
@@ -18,9 +20,11 @@ ExitStatus exitStatus(const Problem &problem)
     return problem.code ? exitStatusOf(*problem.code) : kFailed;
 }
 
-std::string problemLine(const Problem &problem)
+/// For standard error.
+std::string problemLine(const Request &request, const Problem &problem)
 {
-    std::string line = "oructl: ";
+    const bool colored = inColor(request.color, STDERR_FILENO);
+    std::string line = painted("oructl:", Paint::Error, colored) + ' ';
     if (!problem.attempt.empty()) line.append(problem.attempt).append(": ");
     if (problem.code) line.append(problem.kind).append(": ");
     line.append(problem.message);
@@ -51,13 +55,13 @@ int finish(Request &request, int status)
 
 std::string reportText(const Request &request, const Problem &problem)
 {
-    return request.json ? jsonError(problem) : problemLine(problem);
+    return request.json ? jsonError(problem) : problemLine(request, problem);
 }
 
 int report(Request &request, const Problem &problem)
 {
     if (request.json) request.output = jsonError(problem);
-    else std::fputs(problemLine(problem).c_str(), stderr);
+    else std::fputs(problemLine(request, problem).c_str(), stderr);
     return exitStatus(problem);
 }
 
