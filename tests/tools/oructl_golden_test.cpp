@@ -12,6 +12,7 @@ namespace {
 struct Command {
     const char *file;
     Arguments arguments;
+    bool factory = false; ///< the files are those of an access point that leaves the factory
 };
 
 const Command kCommands[] = {
@@ -86,6 +87,11 @@ const Command kCommands[] = {
     {"explain_json", {"--json", "explain", "121"}},
     {"explain_unknown", {"explain", "-5"}},
     {"explain_unknown_json", {"--json", "explain", "4294967296"}},
+    {"help_doctor", {"help", "doctor"}},
+    {"doctor", {"doctor"}, true},
+    {"doctor_json", {"--json", "doctor"}, true},
+    {"doctor_terse", {"--terse", "doctor"}, true},
+    {"doctor_operand", {"doctor", "radio0"}, true},
     {"explain_106", {"explain", "106"}},
     {"explain_item", {"explain", "beacon"}},
     {"explain_item_json", {"--json", "explain", "mac-auth"}},
@@ -125,6 +131,7 @@ TEST_P(Golden, TranscriptIsTheStoredOne)
 {
     const std::string path =
         std::string(ORU_SOURCE_DIR "/tests/tools/golden/") + GetParam().file + ".txt";
+    if (GetParam().factory) installFactoryFiles();
     const std::string text = textOf(GetParam(), run(GetParam().arguments));
     if (std::getenv("ORU_UPDATE_GOLDEN") != nullptr) {
         std::ofstream{path, std::ios::binary} << text;

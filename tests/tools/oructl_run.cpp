@@ -220,6 +220,20 @@ void OructlTest::useFactoryRadios() const
     write(kWsm, text.str());
 }
 
+void OructlTest::installFactoryFiles() const
+{
+    const auto install = [&](const char *from, const char *to) {
+        const std::filesystem::path target = root_ + to;
+        std::filesystem::create_directories(target.parent_path());
+        std::filesystem::copy_file(std::string(ORU_SOURCE_DIR "/share/") + from, target,
+                                   std::filesystem::copy_options::overwrite_existing);
+        std::filesystem::permissions(target, std::filesystem::perms{0600});
+    };
+    for (const char *to : {kWsm, kWsmFactory}) install("wsmDefaults.orig", to);
+    for (const char *to : {kAa, kAaFactory}) install("1x.conf.orig", to);
+    install("wsmSavedRadarDetectList", "/config/wsmSavedRadarDetectList");
+}
+
 void OructlTest::standIn(const std::string &program, const std::string &script) const
 {
     std::filesystem::create_directories(root_ + "/bin");

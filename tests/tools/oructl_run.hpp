@@ -44,6 +44,9 @@ protected:
     /// Replaces the radio file by the one of the factory.
     void useFactoryRadios() const;
 
+    /// The files of an access point as it leaves the factory, instead of small ones.
+    void installFactoryFiles() const;
+
     /// Puts a shell script before the program of this name for the commands that the library runs.
     void standIn(const std::string &program, const std::string &script) const;
     void remove(const std::string &path) const;

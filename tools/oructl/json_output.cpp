@@ -272,6 +272,18 @@ std::string jsonExplanation(std::string_view key, const std::vector<const Item *
     return line(object);
 }
 
+std::string jsonDiagnoses(const std::vector<Diagnosis> &all)
+{
+    Json object = document();
+    object["findings"] = Json::array();
+    for (const auto &[check, finding] : all)
+        object["findings"].push_back(Json{{"level", levelName(check->level)},
+                                          {"check", check->name},
+                                          {"message", finding.message},
+                                          {"mend", finding.mend}});
+    return line(object);
+}
+
 std::string jsonVersions(std::string_view tool, std::string_view library)
 {
     Json object = document();

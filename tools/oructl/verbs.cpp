@@ -2,6 +2,7 @@
 #include "change.hpp"
 #include "codes.hpp"
 #include "command.hpp"
+#include "doctor.hpp"
 #include "explain.hpp"
 #include "json_output.hpp"
 #include "oruSdk.h"
@@ -346,6 +347,12 @@ constexpr Verb kVerbs[] = {
      "Lists the items whose name or key contains PATTERN, or all: name, operands, legal values,\n"
      "key and file. In a key, %d stands for the index; a key without it is one for all.",
      runList},
+    {"doctor", "", "looks for what is wrong with the configuration",
+     "Looks for what doesn't hold between the configuration files, and between them and the\n"
+     "services: one line a finding, an error, a warning or a note, with the command that mends "
+     "it.\n"
+     "Ends with 20 when there is an error or a warning, and with 0 otherwise. Changes nothing.",
+     runDoctor},
     {"explain", "CODE|ITEM|KEY", "says what a return code, an item or a key means",
      "Of a return code: its message, what it means, which operations return it when, and what to\n"
      "do. Of an item: its help and the codes that it can return. Of a key, such as "
