@@ -85,10 +85,12 @@ void leftover(const Patient &, Findings &findings)
 
 void uncommitted(const Patient &, Findings &findings)
 {
-    for (const UncommittedFile &each : uncommittedFiles())
+    for (const UncommittedFile &each : comparedFiles()) {
+        if (each.keys == 0) continue;
         findings.push_back({std::to_string(each.keys) + (each.keys == 1 ? " key" : " keys") +
                                 " of " + each.file + " changed since the last commit",
                             "oructl commit"});
+    }
 }
 
 // ---- keys

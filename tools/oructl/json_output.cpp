@@ -284,6 +284,25 @@ std::string jsonDiagnoses(const std::vector<Diagnosis> &all)
     return line(object);
 }
 
+std::string jsonMetrics(const std::vector<Metric> &metrics)
+{
+    Json object = document();
+    object["metrics"] = Json::array();
+    for (const Metric &metric : metrics) {
+        Json samples = Json::array();
+        for (const Sample &sample : metric.samples) {
+            Json labels = Json::object();
+            for (const Label &label : sample.labels) labels[std::string{label.name}] = label.value;
+            samples.push_back(Json{{"labels", std::move(labels)}, {"value", sample.value}});
+        }
+        object["metrics"].push_back(Json{{"name", metric.name},
+                                         {"type", metric.type},
+                                         {"help", metric.help},
+                                         {"samples", std::move(samples)}});
+    }
+    return line(object);
+}
+
 std::string jsonVersions(std::string_view tool, std::string_view library)
 {
     Json object = document();

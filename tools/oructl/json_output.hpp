@@ -4,6 +4,7 @@
 #include "catalogue.hpp"
 #include "doctor.hpp"
 #include "explain.hpp"
+#include "metrics.hpp"
 #include "request.hpp"
 #include "show.hpp"
 #include "transaction.hpp"
@@ -38,6 +39,7 @@ std::string jsonExplanation(const Item &item, const std::vector<int64_t> &codes)
 std::string jsonExplanation(std::string_view key, const std::vector<const Item *> &items,
                             std::string_view factoryValue);
 std::string jsonDiagnoses(const std::vector<Diagnosis> &all);
+std::string jsonMetrics(const std::vector<Metric> &metrics);
 std::string jsonVersions(std::string_view tool, std::string_view library);
 std::string jsonHelp(std::string_view topic, std::string_view text);
 std::string jsonError(const Problem &problem);

@@ -7,7 +7,7 @@
 
 namespace oructl {
 
-std::vector<UncommittedFile> uncommittedFiles()
+std::vector<UncommittedFile> comparedFiles()
 {
     const std::string folder = rootFolder().append(kOwnFolder) + "/committed";
     std::vector<UncommittedFile> files;
@@ -15,8 +15,7 @@ std::vector<UncommittedFile> uncommittedFiles()
         const auto committed = readFile(folder + std::strrchr(file, '/'));
         const auto stored = readFile(rootFolder() + file);
         if (!committed || !stored) continue;
-        const size_t keys = changedKeys(*committed, *stored, file).size();
-        if (keys > 0) files.push_back({file, keys});
+        files.push_back({file, changedKeys(*committed, *stored, file).size()});
     }
     return files;
 }

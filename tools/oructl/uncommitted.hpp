@@ -8,10 +8,10 @@ namespace oructl {
 
 struct UncommittedFile {
     std::string file;
-    size_t keys; ///< that differ
+    size_t keys; ///< that differ; 0 when none do
 };
 
-/// The files of settings that differ from what was committed; none where no commit was seen.
-std::vector<UncommittedFile> uncommittedFiles();
+/// The files of settings, compared with what was committed; none where no commit was seen.
+std::vector<UncommittedFile> comparedFiles();
 
 } // namespace oructl

@@ -5,6 +5,7 @@
 #include "doctor.hpp"
 #include "explain.hpp"
 #include "json_output.hpp"
+#include "metrics.hpp"
 #include "oruSdk.h"
 #include "reasons.hpp"
 #include "request.hpp"
@@ -353,6 +354,11 @@ constexpr Verb kVerbs[] = {
      "it.\n"
      "Ends with 20 when there is an error or a warning, and with 0 otherwise. Changes nothing.",
      runDoctor},
+    {"metrics", "", "shows metrics in the text format of Prometheus",
+     "Shows what monitoring wants to know, in the text format of Prometheus: services, radios,\n"
+     "BSSes, stations, counters, WPS, changes that wait for a commit. A service that is away is a\n"
+     "metric (oru_service_up 0) and no failure.",
+     runMetrics, kMetricsOptions},
     {"explain", "CODE|ITEM|KEY", "says what a return code, an item or a key means",
      "Of a return code: its message, what it means, which operations return it when, and what to\n"
      "do. Of an item: its help and the codes that it can return. Of a key, such as "
