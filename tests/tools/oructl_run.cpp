@@ -147,7 +147,8 @@ nlohmann::json OructlTest::jsonOf(const Arguments &arguments, int exit) const
 
 std::vector<std::string> OructlTest::environment() const
 {
-    std::vector<std::string> variables = {"ORU_ROOT=" + root_, "ORU_LOG=none", "LC_ALL=" + locale_,
+    std::vector<std::string> variables = {"ORU_ROOT=" + root_, "ORU_LOG=" + log_,
+                                          "LC_ALL=" + locale_,
                                           "PATH=" + root_ + "/bin:/usr/bin:/bin", "TERM=xterm"};
     if (preload_.empty()) return variables;
     variables.push_back("LD_PRELOAD=" + preload_);

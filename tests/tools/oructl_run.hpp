@@ -68,6 +68,7 @@ protected:
 
     std::string locale_ = "C";
     std::string preload_ = ""; ///< a library that goes before all others of a run
+    std::string log_ = "none"; ///< where log lines go
 
 private:
     Transcript runWith(int input, const Arguments &arguments, Stdout where) const;
