@@ -179,6 +179,24 @@ uint32_t setBasicRates(const Call &call)
     return oruSdkSetBasicRateSetParam(&record);
 }
 
+/// Stores what a get gives: the rates of each family, where they are others.
+uint32_t restoreBasicRates(const Call &call)
+{
+    Call now{.index = call.index, .values = std::vector<Value>(std::size(kBasicRates))};
+    if (const uint32_t code = getBasicRates(now); code != ORUSDK_RC_OK) return code;
+    for (const int64_t family : {kA, kB, kG, kN}) {
+        const size_t place = kFirstRead + static_cast<size_t>(family);
+        const Value &wanted = call.values[place];
+        if (!wanted.given || wanted.text == now.values[place].text) continue;
+        Call one{.index = call.index, .values = std::vector<Value>(std::size(kBasicRates))};
+        one.values[kFamily] = {.given = true, .number = family};
+        one.values[kRates] = wanted;
+        if (!isLegal(kBasicRates[kRates], wanted)) return ORUSDK_RC_RATE_SET;
+        if (const uint32_t code = setBasicRates(one); code != ORUSDK_RC_OK) return code;
+    }
+    return ORUSDK_RC_OK;
+}
+
 /// A longer text has no room in the record.
 std::string basicRatesConflict(const Call &call)
 {
@@ -233,7 +251,8 @@ constexpr Item kItems[] = {
      .files = kFile,
      .summary = "basic rates, set for one family at a time",
      .reason = whyBasicRates,
-     .conflict = basicRatesConflict},
+     .conflict = basicRatesConflict,
+     .restore = restoreBasicRates},
 };
 
 } // namespace
