@@ -1,4 +1,5 @@
 // What each verb does.
+#include "batch.hpp"
 #include "calls.hpp"
 #include "change.hpp"
 #include "codes.hpp"
@@ -294,6 +295,12 @@ constexpr Verb kVerbs[] = {
      "order that the items need. What is stored already is left alone, and so is what a masked\n"
      "secret stands for. With --dry-run it is checked alone. What acts at once can't be imported.",
      runImport},
+    {"batch", "FILE|-", "does several changes, all of them or none",
+     "Does what the lines of FILE or standard input say, all of it or nothing: 'set ITEM ...' and\n"
+     "'reset ...', as they are typed behind 'oructl'. Words stand in quotes as in a shell, a # "
+     "begins\n"
+     "a comment. Secrets stand in the lines themselves. What acts at once can't be part of it.",
+     runBatch},
     {"list", "[PATTERN]", "lists the items",
      "Lists the items whose name or key contains PATTERN, or all: name, operands, legal values,\n"
      "key and file. In a key, %d stands for the index; a key without it is one for all.",
