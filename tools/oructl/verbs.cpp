@@ -4,6 +4,7 @@
 #include "change.hpp"
 #include "codes.hpp"
 #include "command.hpp"
+#include "diff.hpp"
 #include "export.hpp"
 #include "import.hpp"
 #include "json_output.hpp"
@@ -301,6 +302,13 @@ constexpr Verb kVerbs[] = {
      "begins\n"
      "a comment. Secrets stand in the lines themselves. What acts at once can't be part of it.",
      runBatch},
+    {"diff", "", "shows what has changed since the last commit",
+     "Shows what is stored now and was not at the last commit, one line a value; keys that no "
+     "item\n"
+     "stands for by their names alone. Secrets are never shown. The exit status is 20 when there "
+     "are\n"
+     "differences, and 0 when there are none.",
+     runDiff, kDiffOptions},
     {"list", "[PATTERN]", "lists the items",
      "Lists the items whose name or key contains PATTERN, or all: name, operands, legal values,\n"
      "key and file. In a key, %d stands for the index; a key without it is one for all.",
