@@ -149,6 +149,7 @@ std::vector<std::string> OructlTest::environment() const
 {
     std::vector<std::string> variables = {"ORU_ROOT=" + root_, "ORU_LOG=none", "LC_ALL=" + locale_,
                                           "PATH=" + root_ + "/bin:/usr/bin:/bin", "TERM=xterm"};
+    variables.insert(variables.end(), variables_.begin(), variables_.end());
     if (preload_.empty()) return variables;
     variables.push_back("LD_PRELOAD=" + preload_);
     variables.emplace_back("ASAN_OPTIONS=verify_asan_link_order=0"); // of a sanitized build
@@ -238,6 +239,18 @@ std::optional<std::string> OructlTest::value(const std::string &path, const std:
     for (std::string line; std::getline(lines, line);)
         if (line.starts_with(key + '=')) return line.substr(key.size() + 1);
     return std::nullopt;
+}
+
+void OructlTest::useFactoryFiles() const
+{
+    const auto shipped = [](const std::string &name) {
+        std::ifstream file(ORU_SOURCE_DIR "/share/" + name, std::ios::binary);
+        std::ostringstream text;
+        text << file.rdbuf();
+        return text.str();
+    };
+    for (const char *path : {kWsm, kWsmFactory}) write(path, shipped("wsmDefaults.orig"));
+    for (const char *path : {kAa, kAaFactory}) write(path, shipped("1x.conf.orig"));
 }
 
 void OructlTest::set(const std::string &path, const std::string &key,

@@ -53,6 +53,9 @@ protected:
                                                    const std::string &key) const;
     void set(const std::string &path, const std::string &key, const std::string &value) const;
 
+    /// Puts the factory's files that the project ships in place, as what is stored too.
+    void useFactoryFiles() const;
+
     [[nodiscard]] const std::string &root() const { return root_; }
 
     /// What a run finds in its environment.
@@ -65,6 +68,7 @@ protected:
 
     std::string locale_ = "C";
     std::string preload_ = ""; ///< a library that goes before all others of a run
+    std::vector<std::string> variables_ = {}; ///< more of the environment: "NAME=value"
 
 private:
     Transcript runWith(int input, const Arguments &arguments, Stdout where) const;

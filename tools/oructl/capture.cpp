@@ -13,6 +13,10 @@
 namespace oructl {
 namespace {
 
+/// Of the keys that stand twice the last one counts. The country is that of the file, always:
+/// else a service is asked for it.
+constexpr std::string_view kCountryOfTheFile = "\ncountryCodeFlag=1\n";
+
 /// A copy of the configuration where no service answers: what is read there is what files say.
 bool fill(Scratch &scratch, const Texts &texts)
 {
@@ -21,7 +25,8 @@ bool fill(Scratch &scratch, const Texts &texts)
     for (size_t i = 0; i < texts.size(); ++i) {
         const char *const file = kConfigurationFiles[i];
         if (!texts[i]) (void)::unlink((scratch.root() + file).c_str());
-        else if (!scratch.write(file, *texts[i])) return false;
+        else if (!scratch.write(file, *texts[i] + std::string{i == 0 ? kCountryOfTheFile : ""}))
+            return false;
     }
     return true;
 }

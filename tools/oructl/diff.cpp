@@ -6,6 +6,7 @@
 #include "terminal.hpp"
 #include "terse_output.hpp"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
@@ -129,10 +130,13 @@ Capture completedCapture(const std::vector<Wanted> &wanted, const Capture &now)
     Capture capture{now.texts, now.items};
     for (const Wanted &each : wanted) {
         if (each.unreadable) continue;
-        for (Captured &old : capture.items)
-            if (old.item == each.item && old.index == each.index)
-                old = {each.item, each.index, 0,
-                       completed(each.item->fields, each.values, old.values)};
+        auto old = std::find_if(capture.items.begin(), capture.items.end(), [&](const Captured &c) {
+            return c.item == each.item && c.index == each.index;
+        });
+        if (old == capture.items.end())
+            old = capture.items.insert(old, {each.item, each.index, 0, each.values});
+        old->code = 0;
+        old->values = completed(each.item->fields, each.values, old->values);
     }
     return capture;
 }

@@ -94,6 +94,7 @@ private:
         std::vector<Value> values = unmasked(item.fields, step.wanted->values, step.before.values);
         values =
             unmasked(item.fields, std::move(values), capturedNow(item, step.wanted->index).values);
+        const bool restores = isRestored(item, values);
         Call call{.index = step.wanted->index};
         std::string problem = callFor(item, std::move(values), call);
         if (problem.empty() && item.atOnce) problem = "it acts at once, and can't be imported";
@@ -104,7 +105,7 @@ private:
                                    .message = problem};
             return;
         }
-        const uint32_t code = item.restore != nullptr ? item.restore(call) : item.set(call);
+        const uint32_t code = restores ? item.restore(call) : item.set(call);
         step.problem.reset();
         if (code == ORUSDK_RC_OK) step.changed = true;
         else step.problem = callProblem(item, Use::Set, code, call, attemptOf(*step.wanted));

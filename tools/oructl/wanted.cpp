@@ -44,17 +44,6 @@ bool isSameWord(const Field &field, const Value &wanted, const Value &stored)
            wanted.text == field.coded->word(stored.number);
 }
 
-/// What a set takes for a rate that a get gives as a code.
-std::string setWord(const Field &field, Value &value)
-{
-    const std::string word = value.text.empty() ? field.coded->word(value.number) : value.text;
-    if (word.empty())
-        return "the code " + std::to_string(value.number) +
-               " is a rate of another family, which another item sets";
-    value = {};
-    return parseValue(field, word, value);
-}
-
 bool isEmptyOptional(const Field &field, const Value &value)
 {
     return (field.kind == Kind::Secret || field.kind == Kind::Mac) && value.text.empty();
@@ -101,18 +90,25 @@ bool isStored(const Wanted &wanted, const Captured &stored)
     return true;
 }
 
+bool isRestored(const Item &item, const std::vector<Value> &values)
+{
+    return item.restore != nullptr &&
+           std::none_of(values.begin(), values.end(),
+                        [](const Value &value) { return value.number == kUnknownCode; });
+}
+
 std::string callFor(const Item &item, std::vector<Value> wanted, Call &call)
 {
     call.values = std::move(wanted);
     if (isMasked(item.fields, call.values)) return "the secret is masked, and none is stored";
-    if (item.restore != nullptr) return "";
+    if (isRestored(item, call.values)) return "";
     for (size_t i = 0; i < item.fields.size(); ++i) {
         const Field &field = item.fields[i];
         Value &value = call.values[i];
         if (!field.belongsTo(Use::Set) || (value.given && isEmptyOptional(field, value)))
             value = {};
         if (value.given && field.coded != nullptr)
-            if (std::string problem = setWord(field, value); !problem.empty()) return problem;
+            (void)parseValue(field, std::string{value.text}, value);
         const bool needed = field.belongsTo(Use::Set) && field.option.empty() && !field.optional;
         if (needed && !value.given) return operandName(field) + " is missing";
     }

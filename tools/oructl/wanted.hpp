@@ -37,7 +37,10 @@ std::vector<Value> completed(std::span<const Field> fields, const std::vector<Va
 /// Whether an item that can be read has the wanted values.
 bool isStored(const Wanted &wanted, const Captured &stored);
 
-/// What a set takes for wanted values. Returns what it misses, or an empty text.
+/// Whether values are for an item's restore; a set takes them else.
+bool isRestored(const Item &item, const std::vector<Value> &values);
+
+/// What a restore or set takes for wanted values. Returns what it misses, or an empty text.
 std::string callFor(const Item &item, std::vector<Value> wanted, Call &call);
 
 } // namespace oructl
