@@ -150,6 +150,7 @@ std::vector<std::string> OructlTest::environment() const
     std::vector<std::string> variables = {"ORU_ROOT=" + root_, "ORU_LOG=" + log_,
                                           "LC_ALL=" + locale_,
                                           "PATH=" + root_ + "/bin:/usr/bin:/bin", "TERM=xterm"};
+    variables.insert(variables.end(), variables_.begin(), variables_.end());
     if (preload_.empty()) return variables;
     variables.push_back("LD_PRELOAD=" + preload_);
     variables.emplace_back("ASAN_OPTIONS=verify_asan_link_order=0"); // of a sanitized build

@@ -67,8 +67,9 @@ protected:
     static constexpr const char *kAaFactory = "/var/1x.conf.orig";
 
     std::string locale_ = "C";
-    std::string preload_ = ""; ///< a library that goes before all others of a run
-    std::string log_ = "none"; ///< where log lines go
+    std::string preload_ = "";                ///< a library that goes before all others of a run
+    std::string log_ = "none";                ///< where log lines go
+    std::vector<std::string> variables_ = {}; ///< more of the environment: "NAME=value"
 
 private:
     Transcript runWith(int input, const Arguments &arguments, Stdout where) const;

@@ -97,6 +97,9 @@ struct Item {
 
     std::string_view reads = {}; ///< keys that only the checks of a set read, between blanks
     bool atOnce = false;         ///< a set reaches a driver or a service before the next commit
+
+    /// Stores the values that a get gives, of an item whose set takes others; NULL for the rest.
+    uint32_t (*restore)(const Call &call) = nullptr;
 };
 
 /// Items of one subject; neighbours of one name are one family to a reader.

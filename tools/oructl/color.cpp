@@ -17,6 +17,8 @@ std::string_view sequenceOf(Paint paint)
     switch (paint) {
     case Paint::Error: return "\x1b[1;31m";
     case Paint::Warning: return "\x1b[33m";
+    case Paint::Old: return "\x1b[31m";
+    case Paint::New: return "\x1b[32m";
     case Paint::Note: break;
     }
     return "\x1b[36m";

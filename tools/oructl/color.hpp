@@ -8,7 +8,7 @@
 
 namespace oructl {
 
-enum class Paint : uint8_t { Error, Warning, Note };
+enum class Paint : uint8_t { Error, Warning, Note, Old, New };
 
 /// Whether what goes to a descriptor is coloured. By itself (auto), where a terminal stands behind
 /// it that isn't dumb, and the environment's NO_COLOR is absent or empty.

@@ -44,6 +44,22 @@ uint32_t setAssignment(const Call &call)
     return oruSdkAssignBss(&record);
 }
 
+/// Stores what a get gives: the state of each radio, where it is another.
+uint32_t restoreAssignment(const Call &call)
+{
+    Call now{.index = call.index, .values = std::vector<Value>(std::size(kAssignment))};
+    if (const uint32_t code = getAssignment(now); code != ORUSDK_RC_OK) return code;
+    for (const size_t radio : {0, 1}) {
+        const Value &wanted = call.values[2 + radio];
+        if (!wanted.given || wanted.number == now.values[2 + radio].number) continue;
+        OruSdkAssignBssParam record{.bssIndex = static_cast<int32_t>(call.index),
+                                    .radioIndex = static_cast<uint32_t>(radio),
+                                    .enable = static_cast<uint32_t>(wanted.number)};
+        if (const uint32_t code = oruSdkAssignBss(&record); code != ORUSDK_RC_OK) return code;
+    }
+    return ORUSDK_RC_OK;
+}
+
 // ---- SSID
 
 constexpr Field kSsid[] = {
@@ -132,7 +148,8 @@ constexpr Item kItems[] = {
      .keys = "bss%d.radio bss%d.radioctrl",
      .files = "/var/wsmDefaults /var/1x.conf",
      .summary = "radios that the BSS runs on",
-     .conflict = boundedHere<kAssignment>},
+     .conflict = boundedHere<kAssignment>,
+     .restore = restoreAssignment},
     {.name = "ssid",
      .scope = Scope::Bss,
      .index = kBssIndex,

@@ -179,6 +179,31 @@ uint32_t setPreferredChannels(const Call &call)
     return oruSdkSetDfsPrefChans(&record, low8(call.values[kBand].number));
 }
 
+/// Stores what a get gives: the channels of each band and the preferred band, where they are
+/// others.
+uint32_t restorePreferredChannels(const Call &call)
+{
+    Call now{.index = call.index, .values = std::vector<Value>(std::size(kPreferredChannels))};
+    if (const uint32_t code = getPreferredChannels(now); code != ORUSDK_RC_OK) return code;
+    const auto differs = [&](size_t field) {
+        return call.values[field].given && call.values[field].number != now.values[field].number;
+    };
+    for (const int64_t band : {k24GHz, k5GHz}) {
+        const size_t primary = band == k24GHz ? kFirstRead : kFirstRead + 2;
+        if (!differs(primary) && !differs(primary + 1)) continue;
+        Call one{.index = call.index, .values = std::vector<Value>(std::size(kPreferredChannels))};
+        one.values[kBand] = given(static_cast<uint32_t>(band));
+        for (const size_t i : {size_t{0}, size_t{1}})
+            one.values[kPrimary + i] =
+                call.values[primary + i].given ? call.values[primary + i] : now.values[primary + i];
+        if (const uint32_t code = setPreferredChannels(one); code != ORUSDK_RC_OK) return code;
+    }
+    if (!differs(kPreferred)) return ORUSDK_RC_OK;
+    const Call band{.index = call.index, .values = {call.values[kPreferred]}};
+    return setPart<&OruSdkDfsParam::preferredBand, ORUSDK_DFS_PREFERRED_BAND,
+                   oruSdkSetDfsParamValue>(band);
+}
+
 /// The library takes every preferred band here.
 std::string preferredConflict(const Call &call)
 {
@@ -255,7 +280,8 @@ constexpr Item kItems[] = {
      .summary = "channels that selection prefers, set for one band at a time",
      .reason = whyPreferredChannels,
      .conflict = preferredConflict,
-     .reads = "radio%d.channelBondingMode"},
+     .reads = "radio%d.channelBondingMode",
+     .restore = restorePreferredChannels},
 };
 
 } // namespace

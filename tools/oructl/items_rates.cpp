@@ -110,6 +110,34 @@ std::string whyMcsRate(uint32_t code, const Call &call)
          " has no MCS rates; change it with: ", setCommand("dot11-mode", call.index, "4")});
 }
 
+/// Sets a code by the word of one family. False when it is none of that family.
+template <uint32_t (*Set)(OruSdkOptionParam *)>
+bool setCode(const Field &field, const Call &call, uint32_t &code)
+{
+    Call set{.index = call.index, .values = std::vector<Value>(1)};
+    const std::string word = field.coded->word(call.values[0].number);
+    if (word.empty() || !parseValue(field, word, set.values[0]).empty()) return false;
+    code = setOne<OruSdkOptionParam, Set>(set);
+    return true;
+}
+
+/// Stores the code that a get gives: of the item's own family or, since both share their key, of
+/// the other one.
+template <const Field (&Own)[1], uint32_t (*SetOwn)(OruSdkOptionParam *), const Field (&Other)[1],
+          uint32_t (*SetOther)(OruSdkOptionParam *)>
+uint32_t restoreRate(const Call &call)
+{
+    uint32_t code = ORUSDK_RC_RATE_CODE;
+    if (!setCode<SetOwn>(Own[0], call, code)) setCode<SetOther>(Other[0], call, code);
+    return code;
+}
+
+constexpr Item restored(Item item, uint32_t (*restore)(const Call &))
+{
+    item.restore = restore;
+    return item;
+}
+
 constexpr std::string_view kLegacyReads =
     "radio%d.dot11Mode radio%d.configuredChannel radio%d.bandType";
 constexpr std::string_view kMcsReads =
@@ -179,6 +207,24 @@ uint32_t setBasicRates(const Call &call)
     return oruSdkSetBasicRateSetParam(&record);
 }
 
+/// Stores what a get gives: the rates of each family, where they are others.
+uint32_t restoreBasicRates(const Call &call)
+{
+    Call now{.index = call.index, .values = std::vector<Value>(std::size(kBasicRates))};
+    if (const uint32_t code = getBasicRates(now); code != ORUSDK_RC_OK) return code;
+    for (const int64_t family : {kA, kB, kG, kN}) {
+        const size_t place = kFirstRead + static_cast<size_t>(family);
+        const Value &wanted = call.values[place];
+        if (!wanted.given || wanted.text == now.values[place].text) continue;
+        Call one{.index = call.index, .values = std::vector<Value>(std::size(kBasicRates))};
+        one.values[kFamily] = {.given = true, .number = family};
+        one.values[kRates] = wanted;
+        if (!isLegal(kBasicRates[kRates], wanted)) return ORUSDK_RC_RATE_SET;
+        if (const uint32_t code = setBasicRates(one); code != ORUSDK_RC_OK) return code;
+    }
+    return ORUSDK_RC_OK;
+}
+
 /// A longer text has no room in the record.
 std::string basicRatesConflict(const Call &call)
 {
@@ -201,23 +247,30 @@ constexpr Item kItems[] = {
               whyMode,
               "radio%d.bandType radio%d.standardExt radio%d.channelSelectionType "
               "radio%d.configuredChannel radio%d.fixedRate radio%d.adminDot11bStaFlag"),
-    explained(radioOption<oruSdkGetRateParam, oruSdkSetRateParam>(
-                  "rate", kRate, "oruSdkGetRateParam oruSdkSetRateParam", "radio%d.fixedRate",
-                  "fixed rate, set as a legacy rate"),
-              whyLegacyRate, kLegacyReads),
-    explained(radioOption<oruSdkGetMcsRateParam, oruSdkSetMcsRateParam>(
-                  "mcs-rate", kMcs, "oruSdkGetMcsRateParam oruSdkSetMcsRateParam",
-                  "radio%d.fixedRate", "fixed rate, set as an MCS"),
-              whyMcsRate, kMcsReads),
-    explained(radioOption<oruSdkGetBroadcastRate, oruSdkSetBroadcastRate>(
-                  "broadcast-rate", kBroadcastRate, "oruSdkGetBroadcastRate oruSdkSetBroadcastRate",
-                  kBroadcastKeys, "rate of broadcast frames, set as a legacy rate"),
-              whyLegacyRate, kLegacyReads),
-    explained(radioOption<oruSdkGetBroadcastMcsRate, oruSdkSetBroadcastMcsRate>(
-                  "broadcast-mcs-rate", kBroadcastMcs,
-                  "oruSdkGetBroadcastMcsRate oruSdkSetBroadcastMcsRate", kBroadcastKeys,
-                  "rate of broadcast frames, set as an MCS"),
-              whyMcsRate, kMcsReads),
+    restored(explained(radioOption<oruSdkGetRateParam, oruSdkSetRateParam>(
+                           "rate", kRate, "oruSdkGetRateParam oruSdkSetRateParam",
+                           "radio%d.fixedRate", "fixed rate, set as a legacy rate"),
+                       whyLegacyRate, kLegacyReads),
+             restoreRate<kRate, oruSdkSetRateParam, kMcs, oruSdkSetMcsRateParam>),
+    restored(explained(radioOption<oruSdkGetMcsRateParam, oruSdkSetMcsRateParam>(
+                           "mcs-rate", kMcs, "oruSdkGetMcsRateParam oruSdkSetMcsRateParam",
+                           "radio%d.fixedRate", "fixed rate, set as an MCS"),
+                       whyMcsRate, kMcsReads),
+             restoreRate<kMcs, oruSdkSetMcsRateParam, kRate, oruSdkSetRateParam>),
+    restored(explained(radioOption<oruSdkGetBroadcastRate, oruSdkSetBroadcastRate>(
+                           "broadcast-rate", kBroadcastRate,
+                           "oruSdkGetBroadcastRate oruSdkSetBroadcastRate", kBroadcastKeys,
+                           "rate of broadcast frames, set as a legacy rate"),
+                       whyLegacyRate, kLegacyReads),
+             restoreRate<kBroadcastRate, oruSdkSetBroadcastRate, kBroadcastMcs,
+                         oruSdkSetBroadcastMcsRate>),
+    restored(explained(radioOption<oruSdkGetBroadcastMcsRate, oruSdkSetBroadcastMcsRate>(
+                           "broadcast-mcs-rate", kBroadcastMcs,
+                           "oruSdkGetBroadcastMcsRate oruSdkSetBroadcastMcsRate", kBroadcastKeys,
+                           "rate of broadcast frames, set as an MCS"),
+                       whyMcsRate, kMcsReads),
+             restoreRate<kBroadcastMcs, oruSdkSetBroadcastMcsRate, kBroadcastRate,
+                         oruSdkSetBroadcastRate>),
     explained(radioItem<OruSdkMaxRateParam, oruSdkGetMaxRate, oruSdkSetMaxRate>(
                   "max-rate", kNumber<0, 300, "Mbps">, "oruSdkGetMaxRate oruSdkSetMaxRate",
                   "MaxRate", "maximum data rate"),
@@ -233,7 +286,8 @@ constexpr Item kItems[] = {
      .files = kFile,
      .summary = "basic rates, set for one family at a time",
      .reason = whyBasicRates,
-     .conflict = basicRatesConflict},
+     .conflict = basicRatesConflict,
+     .restore = restoreBasicRates},
 };
 
 } // namespace

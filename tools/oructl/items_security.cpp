@@ -389,6 +389,26 @@ uint32_t setSecurity(const Call &call)
     return isWpa(call.values[kModePlace].number) ? completeWpa(call) : code;
 }
 
+uint32_t switchAllOff(int32_t bss)
+{
+    if (const uint32_t code = oruSdkSetSecModeOpen(bss, 0); code != ORUSDK_RC_OK) return code;
+    if (const uint32_t code = oruSdkSetSecModeWpa(bss, 0, 0, 0); code != ORUSDK_RC_OK) return code;
+    return oruSdkSetSecModeWep(bss, 0, 0, 0, nullptr, nullptr, nullptr, nullptr);
+}
+
+/// Stores the mode that a get gives. Its keys are no part of that: WEP is left to the item that
+/// has them.
+uint32_t restoreSecurity(const Call &call)
+{
+    const int64_t mode = call.values[0].number;
+    if (mode == kNone) return switchAllOff(bssOf(call));
+    if (mode == kWepMode) return ORUSDK_RC_WEP_KEY_MISSING;
+    Call set = call;
+    set.values[kModePlace] = call.values[0];
+    if (isWpa(mode) && !wpaOf(set, kModePlace)[1].given) return ORUSDK_RC_AUTH_TYPE_MISSING;
+    return setSecurity(set);
+}
+
 std::string conflictOfSecurity(const Call &call)
 {
     const int64_t mode = call.values[kModePlace].number;
@@ -404,6 +424,8 @@ std::string conflictOfSecurity(const Call &call)
 
 std::string securityReason(uint32_t code, const Call &call)
 {
+    if (code == ORUSDK_RC_WEP_KEY_MISSING && call.values[0].number == kWepMode)
+        return "what a get of security shows has no keys: import the item wep";
     const std::string own = Wep{call, kWepPlace}.reason(code);
     return own.empty() ? wpaReason<kModePlace>(code, call) : own;
 }
@@ -481,7 +503,8 @@ constexpr Item kItems[] = {
      .summary = "security mode: a set switches the other ones off first, and says what it did",
      .reason = securityReason,
      .conflict = conflictOfSecurity,
-     .reads = "dot11Mode"},
+     .reads = "dot11Mode",
+     .restore = restoreSecurity},
     {.name = "open-access",
      .scope = Scope::Bss,
      .index = kBssIndex,

@@ -84,11 +84,16 @@ Json fieldsOf(std::span<const Field> fields, const std::vector<Value> &values, S
     return object;
 }
 
+Json itemMembers(const Item &item, int64_t index)
+{
+    return Json{{"item", item.name},
+                {"index", item.scope == Scope::None ? Json(nullptr) : Json(index)}};
+}
+
 Json itemDocument(const Item &item, const Call &call)
 {
     Json object = document();
-    object["item"] = item.name;
-    object["index"] = item.scope == Scope::None ? Json(nullptr) : Json(call.index);
+    object.update(itemMembers(item, call.index));
     return object;
 }
 
@@ -106,6 +111,23 @@ void addItems(Json &object, const std::vector<Reading> &readings, Secrets secret
             object["failed"][name] =
                 Json{{"code", reading.code}, {"message", messageLine(reading.code)}};
     }
+}
+
+Json keysOf(const std::vector<KeyChange> &changes)
+{
+    Json list = Json::array();
+    for (const KeyChange &change : changes)
+        list.push_back({{"key", change.key}, {"file", change.file}});
+    return list;
+}
+
+Json errorOf(const Problem &problem)
+{
+    return Json{{"kind", problem.kind},
+                {"attempt", wordOrNull(problem.attempt)},
+                {"code", problem.code ? Json(*problem.code) : Json(nullptr)},
+                {"message", problem.message},
+                {"detail", wordOrNull(problem.detail)}};
 }
 
 std::string_view kindName(Kind kind)
@@ -186,10 +208,7 @@ std::string jsonChanges(const std::vector<KeyChange> &changes)
 {
     Json object = document();
     object["dryRun"] = true;
-    Json list = Json::array();
-    for (const KeyChange &change : changes)
-        list.push_back({{"key", change.key}, {"file", change.file}});
-    object["changes"] = std::move(list);
+    object["changes"] = keysOf(changes);
     return line(object);
 }
 
@@ -322,11 +341,54 @@ std::string jsonHelp(std::string_view topic, std::string_view text)
 std::string jsonError(const Problem &problem)
 {
     Json object = document();
-    object["error"] = Json{{"kind", problem.kind},
-                           {"attempt", wordOrNull(problem.attempt)},
-                           {"code", problem.code ? Json(*problem.code) : Json(nullptr)},
-                           {"message", problem.message},
-                           {"detail", wordOrNull(problem.detail)}};
+    object["error"] = errorOf(problem);
+    return line(object);
+}
+
+std::string jsonErrors(const Problem &all, const std::vector<Problem> &problems)
+{
+    Json object = document();
+    object["error"] = errorOf(all);
+    object["error"]["problems"] = Json::array();
+    for (const Problem &each : problems) object["error"]["problems"].push_back(errorOf(each));
+    return line(object);
+}
+
+std::string jsonCaptured(const Captured &captured, Secrets secrets)
+{
+    const Call call{.index = captured.index, .values = captured.values};
+    if (captured.code == 0) return jsonValue(*captured.item, call, secrets);
+    Json object = itemDocument(*captured.item, call);
+    object["error"] = Json{{"code", captured.code}, {"message", messageLine(captured.code)}};
+    return line(object);
+}
+
+std::string jsonDifferences(const Differences &differences)
+{
+    const auto side = [](const Captured *captured) {
+        return captured == nullptr
+                   ? Json(nullptr)
+                   : fieldsOf(captured->item->fields, captured->values, Secrets::Masked);
+    };
+    Json object = document();
+    object["differences"] = Json::array();
+    for (const Difference &each : differences.items) {
+        Json difference = itemMembers(*each.item, each.index);
+        difference["from"] = side(each.from);
+        difference["to"] = side(each.to);
+        object["differences"].push_back(std::move(difference));
+    }
+    object["keys"] = keysOf(differences.keys);
+    return line(object);
+}
+
+std::string jsonDone(std::string_view verb, size_t changes, const std::vector<Note> &notes)
+{
+    Json object = document();
+    object[std::string{verb}] = changes;
+    object["notes"] = Json::array();
+    for (const Note &note : notes)
+        object["notes"].push_back(Json{{"item", note.item}, {"note", note.text}});
     return line(object);
 }
 

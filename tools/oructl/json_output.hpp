@@ -1,6 +1,7 @@
 // The output of each verb as one line of JSON. docs/oructl-json.md describes the objects.
 #pragma once
 
+#include "capture.hpp"
 #include "catalogue.hpp"
 #include "doctor.hpp"
 #include "explain.hpp"
@@ -43,5 +44,23 @@ std::string jsonMetrics(const std::vector<Metric> &metrics);
 std::string jsonVersions(std::string_view tool, std::string_view library);
 std::string jsonHelp(std::string_view topic, std::string_view text);
 std::string jsonError(const Problem &problem);
+
+/// An error that stands for several, which it holds.
+std::string jsonErrors(const Problem &all, const std::vector<Problem> &problems);
+
+/// An item of an export: its value, or the code for which it can't be read.
+std::string jsonCaptured(const Captured &captured, Secrets secrets);
+
+/// Items that differ, and keys that no item stands for. Secrets are masked always.
+std::string jsonDifferences(const Differences &differences);
+
+/// An item that an import left alone, and why.
+struct Note {
+    std::string item;
+    std::string text;
+};
+
+/// What an import or a batch has done: how many changes, and what there is to say.
+std::string jsonDone(std::string_view verb, size_t changes, const std::vector<Note> &notes);
 
 } // namespace oructl

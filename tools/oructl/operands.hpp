@@ -18,6 +18,9 @@ using Words = std::span<const char *const>;
 std::string parseOperands(const Item &item, Use verb, Words words, Call &call,
                           SecretSource *secrets = nullptr);
 
+/// A statement without what it quotes, which may be a misplaced secret.
+std::string withoutQuotation(const std::string &problem);
+
 /// Whether an item, or an entry of its lists, has a secret.
 bool hasSecret(std::span<const Field> fields);
 

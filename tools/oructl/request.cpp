@@ -65,6 +65,21 @@ int report(Request &request, const Problem &problem)
     return exitStatus(problem);
 }
 
+int reportAll(Request &request, const std::string &attempt, const std::vector<Problem> &problems)
+{
+    const Problem all{.kind = problems.front().kind,
+                      .attempt = attempt,
+                      .code = {},
+                      .message = "nothing is stored"};
+    if (request.json) {
+        request.output = jsonErrors(all, problems);
+        return exitStatus(problems.front());
+    }
+    for (const Problem &each : problems) std::fputs(problemLine(request, each).c_str(), stderr);
+    std::fputs(problemLine(request, all).c_str(), stderr);
+    return exitStatus(problems.front());
+}
+
 int reportUsage(Request &request, const std::string &message, const Item *item)
 {
     Problem problem{.kind = "usage", .message = message};

@@ -72,6 +72,10 @@ struct Problem {
 /// object on standard output.
 int report(Request &request, const Problem &problem);
 
+/// Reports several problems of one change of which nothing is stored, and yields the exit status of
+/// the first.
+int reportAll(Request &request, const std::string &attempt, const std::vector<Problem> &problems);
+
 /// What report() says.
 std::string reportText(const Request &request, const Problem &problem);
 

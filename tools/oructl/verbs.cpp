@@ -1,9 +1,14 @@
 // What each verb does.
+#include "batch.hpp"
+#include "calls.hpp"
 #include "change.hpp"
 #include "codes.hpp"
 #include "command.hpp"
+#include "diff.hpp"
 #include "doctor.hpp"
 #include "explain.hpp"
+#include "export.hpp"
+#include "import.hpp"
 #include "json_output.hpp"
 #include "metrics.hpp"
 #include "oruSdk.h"
@@ -29,82 +34,11 @@ std::vector<std::string_view> itemNames(Test &&accepts)
     return names;
 }
 
-/// A failure of a file or of a key in it.
-bool concernsStorage(uint32_t code)
-{
-    return code == ORUSDK_RC_FILE_READ || code == ORUSDK_RC_FILE_WRITE ||
-           code == ORUSDK_RC_DICT_WRITE || code == ORUSDK_RC_DICT_READ ||
-           code == ORUSDK_RC_KEY_READ || code == kLibraryFailed;
-}
-
-/// "done before: the driver was told": a set that acts at once can't be taken back.
-std::string stepsDone(const Call &call)
-{
-    std::string out;
-    for (const std::string &step : call.steps)
-        out.append(out.empty() ? "done before: " : ", ").append(step);
-    return out;
-}
-
-/// A failure of a file, of a key in it, or of a service: no fault of the call.
-bool concernsOthers(uint32_t code)
-{
-    return concernsStorage(code) || code == ORUSDK_RC_WSM_REQUEST || code == ORUSDK_RC_ERROR;
-}
-
-/// What is legal where the call isn't; an empty text for a call whose numbers are all legal.
-std::string illegalPart(const Item &item, Use verb, const Call &call)
-{
-    const Bounds index = legalIndex(item.scope);
-    if (item.scope != Scope::None && (call.index < index.min || call.index > index.max))
-        return std::string{indexName(item.scope)} + " is " + std::to_string(index.min) + " to " +
-               std::to_string(index.max);
-    if (verb != Use::Set) return "";
-    for (size_t i = 0; i < item.fields.size(); ++i) {
-        const Field &field = item.fields[i];
-        if (!call.values[i].given || isLegal(field, call.values[i])) continue;
-        std::string out = field.name.empty() ? "" : std::string{field.name} + " of ";
-        return out.append(item.name).append(" takes ").append(legalValues(field));
-    }
-    return "";
-}
-
-/// The command as it was typed; without its values when one of them is a secret.
-std::string attempt(const Request &request, const Item &item, const Call &call)
-{
-    if (!hasSecret(item.fields)) return typed(request);
-    std::string text{request.verb->name};
-    text.append(" ").append(item.name);
-    if (item.scope != Scope::None) text.append(" ").append(std::to_string(call.index));
-    return text;
-}
-
-/// A status that says more than the code's own; kDone when there is none.
-ExitStatus statusOf(const Item &item, Use verb, uint32_t code, const Call &call)
-{
-    const Bounds index = legalIndex(item.scope);
-    if (item.scope != Scope::None && (call.index < index.min || call.index > index.max))
-        return kNotFound;
-    const bool stored = verb == Use::Set && item.atOnce && code == ORUSDK_RC_WSM_REQUEST;
-    return stored ? kNotTaken : kDone;
-}
-
 int reportCall(Request &request, const Item &item, Use verb, uint32_t code, const Call &call)
 {
-    const std::string illegal = illegalPart(item, verb, call);
-    std::string detail = item.reason != nullptr ? item.reason(code, call) : "";
-    if (detail.empty()) detail = illegal;
-    const bool refused = !illegal.empty() || (!detail.empty() && !concernsOthers(code));
-    if (detail.empty() && concernsStorage(code))
-        detail = whereStored(item, call, verb == Use::Set ? item.reads : "");
-    if (item.atOnce && !call.steps.empty())
-        detail.insert(0, stepsDone(call) + (detail.empty() ? "" : "; "));
-    return report(request, {.kind = refused ? "refused" : "failed",
-                            .attempt = attempt(request, item, call),
-                            .code = code,
-                            .message = messageLine(code),
-                            .detail = detail,
-                            .status = statusOf(item, verb, code, call)});
+    return report(request,
+                  callProblem(item, verb, code, call,
+                              callAttempt(item, request.verb->name, call, typed(request))));
 }
 
 int reportCode(Request &request, uint32_t code, const std::string &detail = "",
@@ -174,7 +108,7 @@ int setAtOnce(Request &request, const Item &item, const Call &call)
         return reportUsage(request, std::string{item.name} + " acts at once: it can't be tried");
     Lock lock;
     if (const auto trouble = lock.take(patienceMs(request)))
-        return reportTrouble(request, attempt(request, item, call), *trouble);
+        return reportTrouble(request, callAttempt(item, "set", call, typed(request)), *trouble);
     if (const uint32_t code = item.set(call); code != ORUSDK_RC_OK)
         return reportCall(request, item, Use::Set, code, call);
     return kDone;
@@ -183,7 +117,7 @@ int setAtOnce(Request &request, const Item &item, const Call &call)
 int setStored(Request &request, const Item &item, const Call &call)
 {
     return changeAll(
-        request, attempt(request, item, call), [&] { return item.set(call); },
+        request, callAttempt(item, "set", call, typed(request)), [&] { return item.set(call); },
         [&](uint32_t code) { return reportCall(request, item, Use::Set, code, call); });
 }
 
@@ -222,28 +156,14 @@ int resetAll(Request &request)
     return status;
 }
 
-int reportReset(Request &request, int64_t bss, uint32_t code)
-{
-    const Bounds legal = legalIndex(Scope::Bss);
-    return bss < legal.min || bss > legal.max
-               ? reportCode(request, code, "BSS is 0 to 3", kNotFound)
-               : reportCode(request, code);
-}
-
 int resetBss(Request &request)
 {
-    if (request.operands.size() < 2) return reportUsage(request, "BSS is missing");
-    if (request.operands.size() > 2) return reportUsage(request, "too many operands");
     int64_t bss = 0;
-    const std::string_view text = request.operands[1];
-    switch (parseDecimal(text, bss)) {
-    case Decimal::Good: break;
-    case Decimal::TooLarge: return reportUsage(request, quoted(text) + " does not fit 32 bits");
-    case Decimal::NotANumber: return reportUsage(request, quoted(text) + " is no number of a BSS");
-    }
+    const std::string problem = parseResetBss(request.operands.subspan(1), bss);
+    if (!problem.empty()) return reportUsage(request, problem);
     const int status = changeAll(
         request, typed(request), [&] { return oruSdkResetToBss(static_cast<int32_t>(bss)); },
-        [&](uint32_t code) { return reportReset(request, bss, code); });
+        [&](uint32_t code) { return report(request, resetProblem(bss, code, typed(request))); });
     if (status == kDone && request.json && !request.dryRun)
         request.output = jsonAction("reset", "bss", bss);
     return status;
@@ -344,6 +264,30 @@ constexpr Verb kVerbs[] = {
      "for without echo on a terminal), the first line of a file (@FILE), or with --insecure-argv\n"
      "the PIN itself.",
      runCommand},
+    {"export", "[FILE]", "writes all that is stored, as JSON",
+     "Writes every item that can be read and set, at every index, to standard output or to FILE:\n"
+     "one JSON object a line, as 'oructl --json get' shows it. Secrets are masked; with\n"
+     "--show-secrets they are not, and nobody else may read the FILE.",
+     runExport},
+    {"import", "FILE|-", "stores what was exported",
+     "Stores what 'oructl export' or 'oructl --json get' has written, all of it or nothing, in "
+     "the\n"
+     "order that the items need. What is stored already is left alone, and so is what a masked\n"
+     "secret stands for. With --dry-run it is checked alone. What acts at once can't be imported.",
+     runImport},
+    {"batch", "FILE|-", "does several changes, all of them or none",
+     "Does what the lines of FILE or standard input say, all of it or nothing: 'set ITEM ...' and\n"
+     "'reset ...', as they are typed behind 'oructl'. Words stand in quotes as in a shell, a # "
+     "begins\n"
+     "a comment. Secrets stand in the lines themselves. What acts at once can't be part of it.",
+     runBatch},
+    {"diff", "", "shows what has changed since the last commit",
+     "Shows what is stored now and was not at the last commit, one line a value; keys that no "
+     "item\n"
+     "stands for by their names alone. Secrets are never shown. The exit status is 20 when there "
+     "are\n"
+     "differences, and 0 when there are none.",
+     runDiff, kDiffOptions},
     {"list", "[PATTERN]", "lists the items",
      "Lists the items whose name or key contains PATTERN, or all: name, operands, legal values,\n"
      "key and file. In a key, %d stands for the index; a key without it is one for all.",

@@ -1,0 +1,10 @@
+// The verb "export".
+#pragma once
+
+#include "request.hpp"
+
+namespace oructl {
+
+int runExport(Request &request);
+
+} // namespace oructl

@@ -1,0 +1,10 @@
+// The verb "import".
+#pragma once
+
+#include "request.hpp"
+
+namespace oructl {
+
+int runImport(Request &request);
+
+} // namespace oructl
