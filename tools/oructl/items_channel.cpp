@@ -23,10 +23,12 @@ constexpr Field kWorldMode[] = {
 
 uint32_t getWorldMode(Call &call)
 {
-    OruSdkWorldModeParam record{};
+    constexpr auto kUntouched = static_cast<uint32_t>(INT32_MIN);
+    OruSdkWorldModeParam record{.worldModeSupport = kUntouched, .countryCode = {}};
     const uint32_t code = oruSdkGetWorldMode(&record);
+    if (record.worldModeSupport != kUntouched) // known although WSM doesn't tell the country
+        call.values[0] = {.given = true, .number = static_cast<int32_t>(record.worldModeSupport)};
     if (code != ORUSDK_RC_OK) return code;
-    call.values[0] = {.given = true, .number = static_cast<int32_t>(record.worldModeSupport)};
     const size_t length = ::strnlen(record.countryCode, sizeof(record.countryCode));
     call.values[1] = {.given = true, .text = std::string(record.countryCode, length)};
     return code;
