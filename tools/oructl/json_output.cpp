@@ -28,6 +28,12 @@ Json wordOrNull(std::string_view text)
     return text.empty() ? Json(nullptr) : Json(text);
 }
 
+template <class Value>
+Json orNull(const std::optional<Value> &value)
+{
+    return value ? Json(*value) : Json(nullptr);
+}
+
 Json wordsOf(std::string_view words)
 {
     Json list = Json::array();
@@ -201,6 +207,34 @@ std::string jsonAction(std::string_view verb, std::string_view target, std::opti
     return line(object);
 }
 
+std::string jsonCommit(const CommitReport &report)
+{
+    constexpr std::string_view kReach[] = {"untold", "away", "listens", "silent", "answers"};
+    const auto reach = [&](Reach of) { return kReach[static_cast<size_t>(of)]; };
+    Json object = document();
+    object["commit"] = report.what;
+    object["saved"] = true;
+    object["taken"] = Json{{"wsm", reach(report.wsm)}, {"aa", reach(report.aa)}};
+    object["onAir"] = orNull(report.onAir);
+    object["missing"] = report.missing;
+    if (report.token)
+        object["trial"] = Json{{"token", *report.token}, {"seconds", orNull(report.trialSeconds)}};
+    return line(object);
+}
+
+std::string jsonPlan(const std::vector<Step> &steps)
+{
+    Json object = document();
+    object["plan"] = Json::array();
+    for (const Step &step : steps)
+        object["plan"].push_back({{"radio", orNull(step.radio)},
+                                  {"bss", orNull(step.bss)},
+                                  {"changes", orNull(step.changes)},
+                                  {"stations", orNull(step.stations)},
+                                  {"text", step.text}});
+    return line(object);
+}
+
 std::string jsonRecord(std::string_view verb, std::string_view what, std::span<const Field> fields,
                        const std::vector<Value> &values, Secrets secrets)
 {
@@ -267,7 +301,7 @@ std::string jsonError(const Problem &problem)
     Json object = document();
     object["error"] = Json{{"kind", problem.kind},
                            {"attempt", wordOrNull(problem.attempt)},
-                           {"code", problem.code ? Json(*problem.code) : Json(nullptr)},
+                           {"code", orNull(problem.code)},
                            {"message", problem.message},
                            {"detail", wordOrNull(problem.detail)}};
     return line(object);
