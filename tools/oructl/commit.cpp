@@ -166,7 +166,7 @@ CommitReport lookUntilOnAir(const Request &request, const Order &order)
     while (report.onAir != true && nowMs() < end) {
         showProgress(request, "waits until it is on the air", (end - nowMs() + 999) / 1000);
         pause(std::min(kPauseMs, end - nowMs()));
-        report = look(order, std::max<int64_t>(end - nowMs(), 1));
+        report = look(order, std::max<int64_t>(end - nowMs(), 1000)); // time to answer
     }
     if (order.wait > 0) showProgress(request, nullptr, 0);
     return report;
