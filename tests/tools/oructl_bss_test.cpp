@@ -442,7 +442,7 @@ TEST_F(OructlBss, ACommitNamesTheBssThatItRefuses)
     EXPECT_EQ(run({"set", "security", "2", "wpa2", "radius"}).exit, 0);
     EXPECT_THAT(run({"commit"}).err, HasSubstr("(code 81); no RADIUS server is configured"));
     EXPECT_EQ(run({"set", "security", "2", "open"}).exit, 0);
-    EXPECT_EQ(run({"commit"}).exit, 0);
+    EXPECT_EQ(run({"commit"}).exit, 4) << "there is no service";
 }
 
 TEST_F(OructlBss, TimeoutsKeepTheLibrarysExemption)

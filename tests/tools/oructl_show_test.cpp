@@ -356,9 +356,10 @@ TEST_F(WithoutService, ARadioThatCannotBeToldKeepsWhatIsStored)
 
 TEST_F(Show, DisassocSendsTheAddress)
 {
+    wsm.answer(258, {reply({number16(1, 1), mac(7, {0xAA, 0xBB, 0xCC, 1, 2, 0xFF})})});
     wsm.answer(262, {reply({mac(7, kOne), number32(10, 5)})});
     EXPECT_EQ(run({"disassoc", "AA:BB:CC:01:02:ff"}).exit, 0);
-    EXPECT_EQ(wsm.requests().at(0), joined({{0x01, 0x06, 0, 20, 0, 0, 0x4E, 0x20},
+    EXPECT_EQ(wsm.requests().at(1), joined({{0x01, 0x06, 0, 20, 0, 0, 0x4E, 0x20},
                                             mac(7, {0xAA, 0xBB, 0xCC, 1, 2, 0xFF})}));
     EXPECT_EQ(jsonOf({"--json", "disassoc", "AA:BB:CC:01:02:ff"}, 0),
               (json{{"schema", "oructl/1"}, {"disassoc", true}, {"station", "aa:bb:cc:01:02:ff"}}));

@@ -1,4 +1,4 @@
-// The program orusim, and its end.
+// A program beside the test, mostly orusim, and its end.
 #pragma once
 
 #include <csignal>
@@ -17,11 +17,11 @@ inline constexpr int kLongestWaitMs = 30000; // before a test gives up
 /// A process whose output is read line by line.
 class Process {
 public:
-    explicit Process(std::vector<std::string> arguments)
+    explicit Process(std::vector<std::string> arguments, const char *program = ORUSIM)
     {
         int ends[2];
         if (::pipe2(ends, O_CLOEXEC) != 0) throw std::runtime_error("no pipe");
-        arguments.insert(arguments.begin(), ORUSIM);
+        arguments.insert(arguments.begin(), program);
         std::vector<char *> argv;
         for (std::string &argument : arguments) argv.push_back(argument.data());
         argv.push_back(nullptr);
@@ -29,7 +29,7 @@ public:
         if (pid_ == 0) {
             ::dup2(ends[1], STDOUT_FILENO);
             ::dup2(ends[1], STDERR_FILENO);
-            ::execv(ORUSIM, argv.data());
+            ::execv(program, argv.data());
             ::_exit(127);
         }
         ::close(ends[1]);

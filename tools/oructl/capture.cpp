@@ -2,6 +2,7 @@
 
 #include "oruSdk.h"
 #include "scratch.hpp"
+#include "snapshot.hpp"
 
 #include <algorithm>
 #include <cctype>
@@ -117,11 +118,11 @@ Texts factoryTexts(const std::string &root)
     return texts;
 }
 
-Texts textsIn(const std::string &folder)
+Texts committedTexts()
 {
-    Texts texts;
-    for (size_t i = 0; i < texts.size(); ++i)
-        texts[i] = readFile(folder + std::strrchr(kConfigurationFiles[i], '/'));
+    Texts texts = storedTexts(rootFolder());
+    if (!hasSnapshot()) return texts;
+    for (size_t i = 0; i < texts.size(); ++i) texts[i] = committedText(i);
     return texts;
 }
 

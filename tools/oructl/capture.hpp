@@ -22,8 +22,8 @@ Texts storedTexts(const std::string &root);
 /// The factory's files below a root folder.
 Texts factoryTexts(const std::string &root);
 
-/// Copies of the files that lie in one folder, under their names.
-Texts textsIn(const std::string &folder);
+/// What was committed last below the root folder; what is stored, where nothing is known of that.
+Texts committedTexts();
 
 /// An item at an index, read: its values, or the code for which it can't be.
 struct Captured {

@@ -166,6 +166,12 @@ int reportFailure(Request &request, const Command &command, const Arguments &arg
                    .status = status});
 }
 
+int reportNoStation(Request &request, const Command &command, const Arguments &arguments)
+{
+    return reportFailure(request, command, arguments, "no such station",
+                         "no BSS of either radio has it", kNotFound);
+}
+
 int done(Request &request, const Command &command, const Arguments &arguments)
 {
     if (!request.json) return kDone;

@@ -96,6 +96,9 @@ int reportFailure(Request &request, const Command &command, const Arguments &arg
                   const std::string &message, const std::string &detail = "",
                   ExitStatus status = kFailed);
 
+/// Reports a station that the access point doesn't have.
+int reportNoStation(Request &request, const Command &command, const Arguments &arguments);
+
 /// Ends a command that is done: silent, or its operands as JSON.
 int done(Request &request, const Command &command, const Arguments &arguments);
 

@@ -1,5 +1,6 @@
 // What acts at once: the administrative status of a radio, and the disassociation of a station.
 #include "adapt.hpp"
+#include "air.hpp"
 #include "commands.hpp"
 #include "items.hpp"
 #include "json_output.hpp"
@@ -45,6 +46,7 @@ int switchRadio(Request &request, const Command &command, const Arguments &argum
 
 int disassociate(Request &request, const Command &command, const Arguments &arguments)
 {
+    if (isNoStation(arguments.values[0].text)) return reportNoStation(request, command, arguments);
     const uint32_t code = sendDisAssocReq(macOf(arguments.values[0]).data());
     if (code == ORUSDK_RC_OK) return done(request, command, arguments);
     return reportCommand(request, command, arguments, code);

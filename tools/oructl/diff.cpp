@@ -4,6 +4,7 @@
 #include "input.hpp"
 #include "json_input.hpp"
 #include "json_output.hpp"
+#include "snapshot.hpp"
 #include "terse_output.hpp"
 
 #include <algorithm>
@@ -13,9 +14,6 @@
 
 namespace oructl {
 namespace {
-
-/// Where "commit" leaves copies of what it has made the access point take.
-constexpr std::string_view kCommitted = "/var/oructl/committed";
 
 /// One field of a difference. A value that is not there is a dash.
 struct Change {
@@ -159,15 +157,14 @@ int runDiff(Request &request)
     const bool factory = request.option("factory") != nullptr;
     if (file != nullptr && factory)
         return reportUsage(request, "--factory and --against don't go together");
-    const std::string root = rootFolder();
-    const std::string committed = root + std::string{kCommitted};
-    if (file == nullptr && !factory && ::access(committed.c_str(), F_OK) != 0)
+    if (file == nullptr && !factory && !hasSnapshot())
         return reportFailure(request, "it is not known what the last commit has made of it",
                              "compare with --factory or --against FILE");
+    const std::string root = rootFolder();
     const auto now = capture(storedTexts(root));
     if (!now) return reportFailure(request, "can't copy the configuration", "", kFileFailed);
     if (file != nullptr) return diffWithExport(request, file, *now);
-    const auto before = capture(factory ? factoryTexts(root) : textsIn(committed));
+    const auto before = capture(factory ? factoryTexts(root) : committedTexts());
     if (!before) return reportFailure(request, "can't copy the configuration", "", kFileFailed);
     return showDifferences(request, differences(*before, *now));
 }

@@ -28,6 +28,12 @@ Json wordOrNull(std::string_view text)
     return text.empty() ? Json(nullptr) : Json(text);
 }
 
+template <class Value>
+Json orNull(const std::optional<Value> &value)
+{
+    return value ? Json(*value) : Json(nullptr);
+}
+
 Json wordsOf(std::string_view words)
 {
     Json list = Json::array();
@@ -217,6 +223,34 @@ std::string jsonAction(std::string_view verb, std::string_view target, std::opti
     Json object = document();
     object[std::string{verb}] = target;
     if (index) object["index"] = *index;
+    return line(object);
+}
+
+std::string jsonCommit(const CommitReport &report)
+{
+    constexpr std::string_view kReach[] = {"untold", "away", "listens", "silent", "answers"};
+    const auto reach = [&](Reach of) { return kReach[static_cast<size_t>(of)]; };
+    Json object = document();
+    object["commit"] = report.what;
+    object["saved"] = true;
+    object["taken"] = Json{{"wsm", reach(report.wsm)}, {"aa", reach(report.aa)}};
+    object["onAir"] = orNull(report.onAir);
+    object["missing"] = report.missing;
+    if (report.token)
+        object["trial"] = Json{{"token", *report.token}, {"seconds", orNull(report.trialSeconds)}};
+    return line(object);
+}
+
+std::string jsonPlan(const std::vector<Step> &steps)
+{
+    Json object = document();
+    object["plan"] = Json::array();
+    for (const Step &step : steps)
+        object["plan"].push_back({{"radio", orNull(step.radio)},
+                                  {"bss", orNull(step.bss)},
+                                  {"changes", orNull(step.changes)},
+                                  {"stations", orNull(step.stations)},
+                                  {"text", step.text}});
     return line(object);
 }
 

@@ -3,9 +3,11 @@
 
 #include "capture.hpp"
 #include "catalogue.hpp"
+#include "commit.hpp"
 #include "doctor.hpp"
 #include "explain.hpp"
 #include "metrics.hpp"
+#include "plan.hpp"
 #include "request.hpp"
 #include "show.hpp"
 #include "transaction.hpp"
@@ -24,7 +26,13 @@ std::string jsonSet(const Item &item, const Call &call);
 /// The keys that a dry run would have changed.
 std::string jsonChanges(const std::vector<KeyChange> &changes);
 
-/// What commit and reset have done: {"reset":"bss","index":1}.
+/// What has become of a commit.
+std::string jsonCommit(const CommitReport &report);
+
+/// What a commit would do.
+std::string jsonPlan(const std::vector<Step> &steps);
+
+/// What reset has done: {"reset":"bss","index":1}.
 std::string jsonAction(std::string_view verb, std::string_view target,
                        std::optional<int64_t> index = {});
 

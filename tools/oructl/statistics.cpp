@@ -1,4 +1,5 @@
 // Statistics: the text of WSM, its counters, and one of them by name.
+#include "air.hpp"
 #include "commands.hpp"
 #include "json_output.hpp"
 #include "nearest.hpp"
@@ -85,6 +86,9 @@ int runGet(Request &request, const Command &command, const Arguments &arguments)
     std::string text;
     Answer answer;
     const uint32_t code = askStatistics(arguments.values[1], arguments.values[2], text, answer);
+    const Value &station = arguments.values[2];
+    if (code == ORUSDK_RC_ERROR && station.given && isNoStation(station.text))
+        return reportNoStation(request, command, arguments);
     if (code != ORUSDK_RC_OK)
         return reportCommand(request, command, arguments, code, answer.detail);
     if (!answer.problem.empty())

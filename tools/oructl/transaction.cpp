@@ -1,5 +1,9 @@
 #include "transaction.hpp"
 
+#include "install.hpp"
+#include "snapshot.hpp"
+#include "trial.hpp"
+
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
@@ -12,41 +16,6 @@
 
 namespace oructl {
 namespace {
-
-// Several files are put in place in steps that a cut of the power may part. So they first stand
-// whole in a folder, and whoever takes the lock next finishes what its name promises.
-constexpr const char *kGathering = "/var/oructl/install.new";
-constexpr const char *kPromised = "/var/oructl/install";
-constexpr const char *kKept = "/var/oructl/install.done";
-
-std::string nameOf(const char *file)
-{
-    return std::strrchr(file, '/');
-}
-
-bool installFrom(const std::string &root, const char *folder)
-{
-    for (const char *const file : kConfigurationFiles) {
-        const std::string copy = folder + nameOf(file);
-        if (::access((root + copy).c_str(), F_OK) != 0) continue;
-        if (!copyDictionary(root, copy, root, file)) return false;
-    }
-    return true;
-}
-
-/// Puts promised files in place. What was not promised yet, or is done, goes.
-bool keepPromise()
-{
-    const std::string root = rootFolder();
-    removeFolder(root + kGathering);
-    removeFolder(root + kKept);
-    if (::access((root + kPromised).c_str(), F_OK) != 0) return true;
-    if (!installFrom(root, kPromised)) return false;
-    if (::rename((root + kPromised).c_str(), (root + kKept).c_str()) != 0) return false;
-    if (!syncFolder(root + std::string{kOwnFolder})) return false;
-    removeFolder(root + kKept);
-    return true;
-}
 
 int64_t nowMs()
 {
@@ -96,7 +65,12 @@ std::optional<Trouble> Lock::take(int64_t patienceMs)
         const timespec pause = {0, 2000000};
         ::nanosleep(&pause, nullptr);
     }
-    if (!keepPromise()) return systemTrouble("finish an interrupted change", errno);
+    mendTrial();
+    if (!finishInstall() || !mendSnapshot())
+        return systemTrouble("finish an interrupted change", errno);
+    if (trials_ == Trials::Refused && pendingTrial())
+        return Trouble{kConflict, "a commit is on trial",
+                       "keep it with: oructl confirm TOKEN, or end it with: oructl revert"};
     return std::nullopt;
 }
 
@@ -109,6 +83,8 @@ std::optional<Trouble> Transaction::begin(int64_t patienceMs)
 {
     if (kind_ == Kind::Real)
         if (auto trouble = lock_.take(patienceMs)) return trouble;
+    if (kind_ == Kind::Real && !ensureSnapshot())
+        return systemTrouble("keep what was committed", errno);
     root_ = rootFolder();
     scratch_.emplace();
     if (!*scratch_) {
@@ -137,25 +113,15 @@ std::optional<Trouble> Transaction::finish(bool force)
             return Trouble{kConflict, std::string{file} + " was changed meanwhile",
                            "nothing is stored; try again, or overwrite with --force"};
     }
-    if (kind_ == Kind::Real && !install(changed)) return systemTrouble("store the change", errno);
+    if (kind_ == Kind::Real && !put(changed)) return systemTrouble("store the change", errno);
     return std::nullopt;
 }
 
-bool Transaction::install(const std::vector<size_t> &files)
+bool Transaction::put(const std::vector<size_t> &files) const
 {
-    if (files.empty()) return true;
-    const std::string &scratch = scratch_->root();
-    if (files.size() == 1) {
-        const char *const file = kConfigurationFiles[files[0]];
-        return copyDictionary(scratch, file, root_, file);
-    }
-    if (::mkdir((root_ + kGathering).c_str(), 0700) != 0) return false;
-    for (const size_t i : files) {
-        const char *const file = kConfigurationFiles[i];
-        if (!copyDictionary(scratch, file, root_, kGathering + nameOf(file))) return false;
-    }
-    if (::rename((root_ + kGathering).c_str(), (root_ + kPromised).c_str()) != 0) return false;
-    return syncFolder(root_ + std::string{kOwnFolder}) && keepPromise();
+    std::vector<NewFile> all;
+    for (const size_t i : files) all.push_back({i, scratch_->root(), kConfigurationFiles[i]});
+    return install(all);
 }
 
 std::vector<KeyChange> changedKeys(const std::string &before, const std::string &after,

@@ -29,7 +29,10 @@ class Lock {
 public:
     static constexpr int64_t kPatienceMs = 5000;
 
-    Lock() = default;
+    /// Nothing is changed while a commit is on trial, but by what ends the trial.
+    enum class Trials : uint8_t { Refused, Allowed };
+
+    explicit Lock(Trials trials = Trials::Refused) : trials_(trials) {}
     ~Lock();
     Lock(const Lock &) = delete;
     Lock &operator=(const Lock &) = delete;
@@ -38,6 +41,7 @@ public:
     std::optional<Trouble> take(int64_t patienceMs);
 
 private:
+    Trials trials_;
     int fd_ = -1;
 };
 
@@ -69,7 +73,7 @@ public:
 private:
     static constexpr size_t kFiles = kConfigurationFiles.size();
 
-    bool install(const std::vector<size_t> &files);
+    bool put(const std::vector<size_t> &files) const;
 
     Kind kind_;
     Lock lock_;

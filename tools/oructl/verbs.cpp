@@ -4,6 +4,7 @@
 #include "change.hpp"
 #include "codes.hpp"
 #include "command.hpp"
+#include "commit.hpp"
 #include "diff.hpp"
 #include "doctor.hpp"
 #include "explain.hpp"
@@ -12,7 +13,7 @@
 #include "json_output.hpp"
 #include "metrics.hpp"
 #include "oruSdk.h"
-#include "reasons.hpp"
+#include "plan.hpp"
 #include "request.hpp"
 #include "select.hpp"
 #include "show.hpp"
@@ -133,19 +134,6 @@ int runSet(Request &request)
     return kDone;
 }
 
-int runCommit(Request &request)
-{
-    if (request.operands.size() > 1) return reportUsage(request, "too many operands");
-    const std::string_view what = request.operands.empty() ? "all" : request.operands.front();
-    if (what != "radio" && what != "all")
-        return reportUsage(request, quoted(what) + " is neither radio nor all");
-    if (const uint32_t code = what == "all" ? oruSdkCommitAll() : oruSdkCommitRadio();
-        code != ORUSDK_RC_OK)
-        return reportCode(request, code, commitReason(code));
-    if (request.json) request.output = jsonAction("commit", what);
-    return kDone;
-}
-
 int resetAll(Request &request)
 {
     if (request.operands.size() > 1) return reportUsage(request, "too many operands");
@@ -236,8 +224,28 @@ constexpr Verb kVerbs[] = {
     {"commit", "[radio|all]", "makes the access point take what is stored",
      "Makes the access point take what is stored: 'radio' the settings of the radios and BSSes,\n"
      "'all' (the default) those of security too, after a check that every BSS has a complete\n"
-     "security configuration. Whether a service has heard the notice is not known.",
-     runCommit},
+     "security configuration. Says what is known of it: whether it is saved, whether the services\n"
+     "WSM and AA are there to take it, and whether WSM's tables show it on the air.\n"
+     "With --confirm it is a trial, in the foreground: 'oructl confirm TOKEN' from elsewhere "
+     "keeps\n"
+     "it; otherwise, or when interrupted, the configuration before comes back. Should oructl be\n"
+     "killed or the power fail, 'oructl guard' brings it back.",
+     runCommit, kCommitOptions},
+    {"confirm", "TOKEN", "keeps a commit that is on trial",
+     "Ends the trial of 'commit --confirm': what was committed stays.", runConfirm},
+    {"revert", "", "goes back to what was committed",
+     "Ends the trial of 'commit --confirm' at once: the configuration before comes back. Without "
+     "a\n"
+     "trial, brings the files back to what was committed last, and commits nothing.",
+     runRevert},
+    {"guard", "", "ends a trial whose time is over",
+     "Brings back the configuration before a trial whose time is over, or after which the machine\n"
+     "was started anew. For the boot and for timers; silent when there is nothing to do.",
+     runGuard},
+    {"plan", "", "says what a commit would do",
+     "Says what a commit would do: what differs from the last commit, and the stations that may\n"
+     "drop or must join anew. Nothing is stored or committed.",
+     runPlan},
     {"reset", "all|bss BSS", "stores factory values",
      "Stores the factory values again: 'all' of them, or those of one BSS (0 to 3). The access\n"
      "point takes them with the next commit.",
