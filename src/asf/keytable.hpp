@@ -14,18 +14,27 @@ inline uint32_t hashOf(std::string_view key)
 {
     constexpr uint64_t kMix = 0x9e3779b97f4a7c15;
     uint64_t hash = key.size() * kMix;
-    const char *at = key.data();
-    size_t left = key.size();
-    for (; left >= 8; at += 8, left -= 8) {
-        uint64_t word;
-        std::memcpy(&word, at, sizeof word);
+    // A product's low bits know nothing of its factors' high ones, where a word's last bytes are.
+    const auto mix = [&](uint64_t word) {
         hash = (hash ^ word) * kMix;
         hash ^= hash >> 29;
+    };
+    const char *at = key.data();
+    size_t left = key.size();
+    uint64_t word;
+    for (; left >= sizeof word; at += sizeof word, left -= sizeof word) {
+        std::memcpy(&word, at, sizeof word);
+        mix(word);
     }
-    uint64_t tail = 0;
-    if (left > 0) std::memcpy(&tail, at, left);
-    hash = (hash ^ tail) * kMix;
-    return static_cast<uint32_t>(hash >> 32);
+    if (left > 0 && key.size() >= sizeof word) { // the last 8 bytes, some of them again
+        std::memcpy(&word, at + left - sizeof word, sizeof word);
+        mix(word);
+    } else if (left > 0) {
+        word = 0;
+        std::memcpy(&word, at, left);
+        mix(word);
+    }
+    return static_cast<uint32_t>((hash * kMix) >> 32);
 }
 
 /// Open addressing. Holds no keys: the caller says, for a number, whether it is the one looked for.

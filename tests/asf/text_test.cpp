@@ -7,6 +7,7 @@
 
 #include <cstring>
 #include <random>
+#include <set>
 #include <string>
 #include <sys/mman.h>
 #include <unistd.h>
@@ -14,7 +15,7 @@
 using std::string;
 using std::string_view;
 
-#if defined(__SSE2__)
+#if !defined(ORU_NO_SIMD)
 #define FIND_LINE FindLastLine
 #define FIND_LINE_RANDOM FindLastLineRandom
 #else
@@ -88,6 +89,13 @@ ptrdiff_t found(const string &text, const string &key)
     return places[0];
 }
 
+/// The same by an index.
+ptrdiff_t placeIn(oru::LineIndex &index, const string &text, const string &key)
+{
+    const string_view line = index.find(key);
+    return line.data() == nullptr ? kNone : line.data() - text.data();
+}
+
 } // namespace
 
 TEST(FIND_LINE, FindsTheLastLineOfAKeyAndNothingElse)
@@ -146,8 +154,13 @@ TEST(FIND_LINE_RANDOM, FindsWhatAPlainSearchFindsInRandomTexts)
         string text;
         const size_t size = random() % 90;
         while (text.size() < size) text += letters[random() % letters.size()];
-        for (const string key : {"a", "b", "ab", "ba", "aa", "aab", "\xff", "abababab"})
-            ASSERT_EQ(found(text, key), placeOfLast(text, key)) << round << ": " << text;
+        oru::LineIndex index;
+        ASSERT_TRUE(index.build(text));
+        for (const string key : {"a", "b", "ab", "ba", "aa", "aab", "\xff", "abababab"}) {
+            const ptrdiff_t place = placeOfLast(text, key);
+            ASSERT_EQ(found(text, key), place) << round << ": " << text;
+            ASSERT_EQ(placeIn(index, text, key), place) << round << ": " << text;
+        }
     }
 }
 
@@ -164,14 +177,12 @@ TEST(FIND_LINE_RANDOM, AgreesWithTheIndex)
         ASSERT_TRUE(index.build(text));
         for (int number = 0; number < 21; ++number) {
             const string key = "key" + std::to_string(number);
-            const string_view line = index.find(key);
-            const ptrdiff_t place = line.data() == nullptr ? kNone : line.data() - text.data();
-            ASSERT_EQ(place, found(text, key)) << key << " in " << text;
+            ASSERT_EQ(placeIn(index, text, key), found(text, key)) << key << " in " << text;
         }
     }
 }
 
-#if defined(__SSE2__) // the rest is the same code for both
+#if !defined(ORU_NO_SIMD) // the rest is the same code for both
 
 namespace {
 
@@ -214,6 +225,22 @@ TEST(Key, OfALineEndsAtTheFirstEqualsSign)
     EXPECT_EQ(oru::keyOfLine("a="), "a");
     for (const char *line : {"", "a", "=", "=a", " a=b", "a =b", "#a=b", "a b=c", "\ta=b"})
         EXPECT_TRUE(oru::keyOfLine(line).empty()) << line;
+}
+
+TEST(Key, SpreadsOverATableWhereverItsNumberStands)
+{
+    constexpr uint32_t kSlots = 2048;
+    for (size_t front = 0; front < 12; ++front)
+        for (size_t behind = 0; behind < 12; ++behind) {
+            std::set<uint32_t> slots;
+            for (int number = 1000; number < 2000; ++number) {
+                const string key =
+                    string(front, 'f') + std::to_string(number) + string(behind, 'b');
+                slots.insert(oru::hashOf(key) % kSlots);
+            }
+            // 1000 keys that fell anywhere would take 791 of the slots.
+            EXPECT_GT(slots.size(), 650U) << front << " bytes in front, " << behind << " behind";
+        }
 }
 
 TEST(Value, StandsInTheFormThatReadsBackTheSame)
