@@ -125,8 +125,8 @@ ORUASF_API void oruAsfDictFree(OruAsfDict *dict);
 /**
  * Visits every key once, in the order of the file, changes included (for services that compare
  * what they hold with what was saved).
- * @param visit called with the key and its value (NULL when the value is damaged); another result
- *              than 0 ends the walk
+ * @param visit called with the key and its value (NULL when the value is damaged), which both last
+ *              until it returns; another result than 0 ends the walk
  * @return 0, what visit returned, or -1 when there is no memory
  */
 ORUASF_API int32_t oruAsfDictVisit(OruAsfDict *dict,

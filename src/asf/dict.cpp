@@ -55,9 +55,13 @@ struct OruAsfDict {
     /// A copy of a value as it reads, NUL-terminated. Its length, or -1.
     int32_t read(string_view written, const char **value)
     {
+        return readInto(arena_, written, value);
+    }
+    static int32_t readInto(Arena &arena, string_view written, const char **value)
+    {
         const ptrdiff_t size = readSize(written);
         if (size < 0) return -1;
-        char *copy = arena_.take(static_cast<size_t>(size) + 1);
+        char *copy = arena.take(static_cast<size_t>(size) + 1);
         if (copy == nullptr) return -1;
         *readValue(copy, written) = '\0';
         *value = copy;
@@ -100,13 +104,14 @@ struct OruAsfDict {
         forEachLine(bytes.text(), [&](string_view line) {
             const string_view key = keyOfLine(line);
             if (key.empty() || index.find(key).data() != line.data()) return true;
-            char *name = copyOf(key, key.size() + 1);
+            Arena copies; // of this line: a walk over many must not fill the memory
+            char *name = copyInto(copies, key, key.size() + 1);
             if (name == nullptr) return result = -1, false;
             name[key.size()] = '\0';
             const char *value = nullptr;
             const string_view written{key.data() + key.size() + 1, line.size() - key.size() - 1};
             const bool damaged = readSize(written) < 0;
-            if (read(written, &value) < 0 && !damaged) return result = -1, false;
+            if (readInto(copies, written, &value) < 0 && !damaged) return result = -1, false;
             return (result = visit(name, value)) == 0;
         });
         return result;
@@ -128,9 +133,10 @@ private:
         return index_.find(key);
     }
 
-    char *copyOf(string_view key, size_t room)
+    char *copyOf(string_view key, size_t room) { return copyInto(arena_, key, room); }
+    static char *copyInto(Arena &arena, string_view key, size_t room)
     {
-        char *copy = arena_.take(room);
+        char *copy = arena.take(room);
         if (copy != nullptr) std::memcpy(copy, key.data(), key.size());
         return copy;
     }
