@@ -91,7 +91,7 @@ struct OruAsfDict {
         const RootedPath rooted{path};
         Composed bytes{text_};
         if (rooted.empty() || !changes_.compose(text_, bytes)) return -1;
-        return replaceFile(rooted.text(), bytes.text(), bytes.differs() ? nullptr : &state_);
+        return replaceFile(rooted.text(), bytes.text(), state_, !bytes.differs());
     }
 
     template <class Visit>

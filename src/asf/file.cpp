@@ -223,13 +223,25 @@ private:
     char name_[NAME_MAX + 1];
 };
 
-bool holds(const char *path, std::string_view bytes)
+bool contains(const char *path, std::string_view bytes)
 {
     const ReadFile now = readFile(path, 0);
     const bool same = now.block != nullptr && now.size == bytes.size() &&
                       std::memcmp(now.block, bytes.data(), bytes.size()) == 0;
     std::free(now.block);
     return same;
+}
+
+/// Whether a file needs no save: it holds the bytes already, as far as can be told cheaply.
+bool isSaved(const Target &target, std::string_view bytes, const FileState &read, bool held)
+{
+    const struct stat &now = target.status();
+    if (held && read.stillHolds(now)) return true;
+    if (now.st_size != static_cast<off_t>(bytes.size())) return false;
+    // Bytes that differ from those of a moment ago are written without another look: at worst,
+    // somebody wrote the same ones in this very moment, and they are written twice.
+    if (!held && read.resembles(now)) return false;
+    return contains(target.path(), bytes);
 }
 
 /// Makes the folder's new entry durable. A file system that can't sync folders has no need to.
@@ -251,9 +263,9 @@ FileState::FileState(const struct stat &status, const timespec &now)
             (seconds >= 0 && seconds * 1'000'000'000 + now.tv_nsec - changed.tv_nsec > kRestNs);
 }
 
-bool FileState::stillHolds(const struct stat &status) const
+bool FileState::resembles(const struct stat &status) const
 {
-    return known && device == status.st_dev && inode == status.st_ino && size == status.st_size &&
+    return device == status.st_dev && inode == status.st_ino && size == status.st_size &&
            changed.tv_sec == status.st_ctim.tv_sec && changed.tv_nsec == status.st_ctim.tv_nsec;
 }
 
@@ -279,15 +291,13 @@ ReadFile readFile(const char *path, size_t front)
     return {block, static_cast<size_t>(got), FileState{status, now}};
 }
 
-int32_t replaceFile(const char *path, std::string_view bytes, const FileState *holdsThem)
+int32_t replaceFile(const char *path, std::string_view bytes, const FileState &read, bool holds)
 {
     if (bytes.size() > kMaxText) return -1;
     const Target target{path};
     if (!target.valid()) return -1;
     if (target.exists()) {
-        if (holdsThem != nullptr && holdsThem->stillHolds(target.status())) return 0;
-        const bool sameSize = target.status().st_size == static_cast<off_t>(bytes.size());
-        if (sameSize && holds(target.path(), bytes)) return 0;
+        if (isSaved(target, bytes, read, holds)) return 0;
         if (::faccessat(AT_FDCWD, target.path(), W_OK, AT_EACCESS) != 0) return -1;
     }
 

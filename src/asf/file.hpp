@@ -20,7 +20,13 @@ struct FileState {
 
     FileState() = default;
     FileState(const struct stat &status, const timespec &now);
-    [[nodiscard]] bool stillHolds(const struct stat &status) const;
+    /// Whether a file looks like the one that was read, in the state in which it was read.
+    [[nodiscard]] bool resembles(const struct stat &status) const;
+    /// Whether it is sure to hold what was read.
+    [[nodiscard]] bool stillHolds(const struct stat &status) const
+    {
+        return known && resembles(status);
+    }
 };
 
 /// A file that was read: `front` bytes of room, then the text, in one block of malloc().
@@ -35,9 +41,10 @@ ReadFile readFile(const char *path, size_t front);
 
 /// Replaces a file, atomically and durably: it holds the old bytes or the new ones, whole, whatever
 /// happens. Owner, mode and a symbolic link's target are kept; a new file has mode 0600. Writes
-/// nothing when the file holds these bytes already; `holdsThem`, which may be null, is a state in
-/// which it is known to.
+/// nothing when the file holds these bytes already.
+/// @param read  the state in which the file was read
+/// @param holds whether it held these bytes then
 /// @return 0 or -1
-int32_t replaceFile(const char *path, std::string_view bytes, const FileState *holdsThem);
+int32_t replaceFile(const char *path, std::string_view bytes, const FileState &read, bool holds);
 
 } // namespace oru
