@@ -6,5 +6,6 @@ set xlabel "keys in the file"
 set ylabel "nanoseconds a key"
 set logscale xy
 set grid
+set rmargin 5
 set key top right
 plot for [column = 2:5] "bench/growth.dat" using 1:column with linespoints linewidth 2 title columnheader(column)

@@ -1,12 +1,25 @@
-// Settings in the formats of the peers.
+// Settings in the formats of the peers, and the loop that reads one after another.
 #pragma once
 
 #include "folder.hpp"
+
+#include <benchmark/benchmark.h>
 
 #include <cstdio>
 #include <string>
 
 namespace oru::bench {
+
+/// Times read(i), which opens what holds the settings, reads the i-th one and closes it.
+template <class Read>
+void readEach(benchmark::State &state, Read read)
+{
+    int i = 0;
+    for (auto _ : state) {
+        if (read(i) != valueAt(i)) return state.SkipWithError("read");
+        i = next(i, kKeys);
+    }
+}
 
 /// A file of 1000 settings: `head`, and for each a line by `format`, which takes key and value.
 inline std::string makeFile(const char *name, const char *head, const char *format)

@@ -20,11 +20,7 @@ int readOne(const char *path, const char *key)
 void ReadOneGKeyFile(benchmark::State &state)
 {
     static const std::string path = makeFile("settings.keyfile", "[settings]\n", "%s=%d\n");
-    int i = 0;
-    for (auto _ : state) {
-        if (readOne(path.c_str(), keyAt(i)) != valueAt(i)) return state.SkipWithError("read");
-        i = next(i, kKeys);
-    }
+    readEach(state, [](int i) { return readOne(path.c_str(), keyAt(i)); });
 }
 
 BENCHMARK(ReadOneGKeyFile);

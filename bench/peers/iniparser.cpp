@@ -18,12 +18,9 @@ int readOne(const char *path, const char *key)
 void ReadOneIniparser(benchmark::State &state)
 {
     static const std::string path = makeFile("settings.ini", "[settings]\n", "%s=%d\n");
-    int i = 0;
-    for (auto _ : state) {
-        const std::string key = std::string("settings:") + keyAt(i);
-        if (readOne(path.c_str(), key.c_str()) != valueAt(i)) return state.SkipWithError("read");
-        i = next(i, kKeys);
-    }
+    readEach(state, [](int i) {
+        return readOne(path.c_str(), (std::string("settings:") + keyAt(i)).c_str());
+    });
 }
 
 BENCHMARK(ReadOneIniparser);

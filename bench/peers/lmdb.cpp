@@ -1,5 +1,5 @@
 // LMDB: opens the environment read-only and gets one setting in a transaction.
-#include "folder.hpp"
+#include "peers/files.hpp"
 
 #include <benchmark/benchmark.h>
 #include <lmdb.h>
@@ -9,9 +9,9 @@
 namespace oru::bench {
 namespace {
 
-MDB_val bytesOf(const std::string &text)
+MDB_val bytesOf(const char *text)
 {
-    return {text.size(), const_cast<char *>(text.data())};
+    return {std::strlen(text), const_cast<char *>(text)};
 }
 
 std::string makeEnvironment()
@@ -27,8 +27,7 @@ std::string makeEnvironment()
     for (int i = 0; i < kKeys; ++i) {
         const std::string text = std::to_string(valueAt(i));
         MDB_val key = bytesOf(keyAt(i));
-        key.mv_data = const_cast<char *>(keyAt(i));
-        MDB_val value = bytesOf(text);
+        MDB_val value = bytesOf(text.c_str());
         mdb_put(change, base, &key, &value, 0);
     }
     mdb_txn_commit(change);
@@ -41,7 +40,7 @@ int readOne(const char *path, const char *name)
     MDB_env *env = nullptr;
     MDB_txn *look = nullptr;
     MDB_dbi base = 0;
-    MDB_val key{std::strlen(name), const_cast<char *>(name)};
+    MDB_val key = bytesOf(name);
     MDB_val value{};
     int number = -1;
     mdb_env_create(&env);
@@ -59,11 +58,7 @@ int readOne(const char *path, const char *name)
 void ReadOneLmdb(benchmark::State &state)
 {
     static const std::string path = makeEnvironment();
-    int i = 0;
-    for (auto _ : state) {
-        if (readOne(path.c_str(), keyAt(i)) != valueAt(i)) return state.SkipWithError("read");
-        i = next(i, kKeys);
-    }
+    readEach(state, [](int i) { return readOne(path.c_str(), keyAt(i)); });
 }
 
 BENCHMARK(ReadOneLmdb);

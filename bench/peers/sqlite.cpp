@@ -1,5 +1,5 @@
 // SQLite: opens the database read-only, prepares a statement and reads one setting by its key.
-#include "folder.hpp"
+#include "peers/files.hpp"
 
 #include <benchmark/benchmark.h>
 #include <sqlite3.h>
@@ -40,11 +40,7 @@ int readOne(const char *path, const char *key)
 void ReadOneSqlite(benchmark::State &state)
 {
     static const std::string path = makeDatabase();
-    int i = 0;
-    for (auto _ : state) {
-        if (readOne(path.c_str(), keyAt(i)) != valueAt(i)) return state.SkipWithError("read");
-        i = next(i, kKeys);
-    }
+    readEach(state, [](int i) { return readOne(path.c_str(), keyAt(i)); });
 }
 
 BENCHMARK(ReadOneSqlite);
