@@ -3,6 +3,7 @@
 #include "codes.hpp"
 #include "commands.hpp"
 #include "json_output.hpp"
+#include "nearest.hpp"
 #include "oruSdk.h"
 #include "patience.hpp"
 #include "show.hpp"
@@ -36,6 +37,9 @@ int reportNoCommand(Request &request)
         return name.starts_with(words + ' ');
     });
     if (twoWords && request.operands.size() > 1) words.append(" ").append(request.operands[1]);
+    // A word that resembles no command may be a misplaced PIN: it is not repeated.
+    if (nearest(words, names).empty())
+        return reportUsage(request, "no such command: it is " + alternatives(names));
     return reportUnknown(request, "command of " + std::string{request.verb->name}, words, names);
 }
 
