@@ -228,19 +228,25 @@ int runCommand(Request &request)
                        synopsis(command->verb, command->words, command->operands, command->repeat));
 }
 
-std::string textCommands(const Verb &verb)
+std::vector<CommandLine> commandLines(const Verb &verb)
 {
-    std::vector<std::pair<std::string, std::string_view>> lines;
+    std::vector<CommandLine> lines;
     forEachCommand([&](const Command &command) {
         if (command.verb == verb.name)
-            lines.emplace_back(
-                synopsis(command.verb, command.words, command.operands, command.repeat),
-                command.summary);
+            lines.push_back(
+                {synopsis(command.verb, command.words, command.operands, command.repeat),
+                 command.summary});
     });
     if (verb.run == runShow)
         forEachView([&](const View &view) {
-            lines.emplace_back(synopsis(verb.name, view.name, view.operands, {}), view.summary);
+            lines.push_back({synopsis(verb.name, view.name, view.operands, {}), view.summary});
         });
+    return lines;
+}
+
+std::string textCommands(const Verb &verb)
+{
+    const std::vector<CommandLine> lines = commandLines(verb);
     if (lines.size() < 2) return "";
     size_t width = 0;
     for (const auto &[line, summary] : lines) width = std::max(width, line.size());

@@ -1,5 +1,6 @@
 // oructl: reads and changes the configuration of the access point from a command line.
 #include "complete.hpp"
+#include "man.hpp"
 #include "options.hpp"
 #include "request.hpp"
 
@@ -39,9 +40,13 @@ int runVerbWithOptions(Request &request, int count, char **words)
     return runVerb(request, "help");
 }
 
-/// What is not for people: what shells ask. False for anything else.
+/// What is not for people: what shells ask, and the sources of the manual. False for anything else.
 bool writeForTools(Request &request, std::string_view what, Words words)
 {
+    if (what == "--man" && words.size() == 2) {
+        request.output = manPage(words[0], words[1]);
+        return !request.output.empty();
+    }
     if (what == "--complete-args") request.output = completions(words);
     else if (what == "--complete") request.output = describedCompletions(words);
     else return false;
