@@ -1,15 +1,11 @@
 // Completion as the shells ask for it, with a simulated access point.
-#include "tools/oructl_run.hpp"
-#include "tools/process.hpp"
+#include "tools/simulated.hpp"
 
 #include <gmock/gmock.h>
 
 #include <cstdio>
-#include <filesystem>
 
 using namespace oru::test;
-using orusim::test::Process;
-using orusim::test::runToEnd;
 using testing::AllOf;
 using testing::HasSubstr;
 using testing::Not;
@@ -20,23 +16,15 @@ namespace {
 #define SCRIPTS ORU_SOURCE_DIR "/share/completion"
 #define SHELLS ORU_SOURCE_DIR "/tests/tools/shells"
 
-class Completion : public OructlTest {
+class Completion : public SimulatedTest {
 protected:
-    Completion()
-    {
-        std::filesystem::remove_all(root() + "/var");
-        EXPECT_EQ(
-            runToEnd({"--root", root(), "--init", "--factory", ORU_SOURCE_DIR "/share"}).status, 0);
-        standIn("oructl", "exec " ORUCTL " \"$@\"\n");
-    }
+    Completion() { standIn("oructl", "exec " ORUCTL " \"$@\"\n"); }
 
     /// The services, with one station.
     void startServices()
     {
-        services_.emplace(std::vector<std::string>{"--root", root(), "--stations", "0"});
-        ASSERT_TRUE(services_->waitFor("orusim: ready\n"));
-        ASSERT_EQ(
-            runToEnd({"--root", root(), "--control", "station add 0 02:00:00:00:00:01"}).status, 0);
+        SimulatedTest::startServices();
+        control("station add 0 02:00:00:00:00:01");
     }
 
     std::string behind(Arguments words) const
@@ -93,8 +81,6 @@ protected:
         return output({"fish", "--no-config", "-c",
                        "source " SCRIPTS "/oructl.fish; complete -C '" + line + "'"});
     }
-
-    std::optional<Process> services_;
 };
 
 // ---- The grammar

@@ -4,13 +4,11 @@
 #include "exit_status.hpp"
 #include "request.hpp"
 #include "show.hpp"
-#include "tools/oructl_run.hpp"
-#include "tools/process.hpp"
+#include "tools/simulated.hpp"
 
 #include <gmock/gmock.h>
 
 #include <cstdio>
-#include <filesystem>
 #include <fstream>
 #include <sstream>
 
@@ -167,7 +165,7 @@ TEST(Man, AnUnknownPageIsNoOption)
 
 // ---- Examples
 
-class ManExamples : public OructlTest {
+class ManExamples : public SimulatedTest {
 protected:
     /// The command lines of a page's section EXAMPLES.
     static std::vector<std::string> examplesOf(const std::string &page)
@@ -201,9 +199,6 @@ protected:
 TEST_F(ManExamples, OfTheProgramWorkOnAnAccessPointFromTheFactory)
 {
     standIn("oructl", "exec " ORUCTL " \"$@\"\n");
-    std::filesystem::remove_all(root() + "/var");
-    ASSERT_EQ(runToEnd({"--root", root(), "--init", "--factory", ORU_SOURCE_DIR "/share"}).status,
-              0);
     const std::vector<std::string> examples = examplesOf("man1/oructl.1");
     EXPECT_GT(examples.size(), 8u);
     for (const std::string &command : examples) {
