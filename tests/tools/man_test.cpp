@@ -199,6 +199,7 @@ protected:
 TEST_F(ManExamples, OfTheProgramWorkOnAnAccessPointFromTheFactory)
 {
     standIn("oructl", "exec " ORUCTL " \"$@\"\n");
+    startServices();
     const std::vector<std::string> examples = examplesOf("man1/oructl.1");
     EXPECT_GT(examples.size(), 8u);
     for (const std::string &command : examples) {

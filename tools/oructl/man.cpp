@@ -87,7 +87,7 @@ constexpr Entry kFiles[] = {
     {"/var/oructl", "What the program itself keeps; only its owner may enter it."},
 };
 
-/// Each of them ends with 0 on an access point as it comes from the factory.
+/// Each of them ends with 0 on an access point as it comes from the factory, with its services.
 constexpr Entry kExamples[] = {
     {"oructl get tx-power 0", "What is stored:"},
     {"oructl set tx-power 0 1\noructl set ssid 0 \"Lobby\"\noructl commit radio",
