@@ -1,6 +1,5 @@
 // From a command line to what is on the air: oructl, the libraries, their sockets and orusim.
-#include "tools/oructl_run.hpp"
-#include "tools/process.hpp"
+#include "tools/simulated.hpp"
 
 #include <gmock/gmock.h>
 
@@ -9,8 +8,6 @@
 
 using namespace oru::test;
 using nlohmann::json;
-using orusim::test::Process;
-using orusim::test::runToEnd;
 using testing::Contains;
 using testing::HasSubstr;
 using testing::IsEmpty;
@@ -19,19 +16,9 @@ using testing::SizeIs;
 
 namespace {
 
-/// An access point fresh from the factory whose world moves as the test says, but for the few
-/// moments of a run.
-class EndToEnd : public OructlTest {
+class EndToEnd : public SimulatedTest {
 protected:
-    EndToEnd()
-    {
-        std::filesystem::remove_all(root() + "/var");
-        EXPECT_EQ(
-            runToEnd({"--root", root(), "--init", "--factory", ORU_SOURCE_DIR "/share"}).status, 0);
-        services_.emplace(
-            std::vector<std::string>{"--root", root(), "--stations", "0", "--seed", "7"});
-        EXPECT_TRUE(services_->waitFor("orusim: ready\n")) << services_->output();
-    }
+    EndToEnd() { startServices(); }
 
     /// A run of oructl that is done, and its output.
     std::string done(const Arguments &arguments) const
@@ -39,12 +26,6 @@ protected:
         const Transcript run = this->run(arguments);
         EXPECT_EQ(run.exit, 0) << testing::PrintToString(arguments) << run.err;
         return run.out;
-    }
-
-    void control(const std::string &command) const
-    {
-        const auto ended = runToEnd({"--root", root(), "--control", command});
-        EXPECT_EQ(ended.status, 0) << command << ": " << ended.output;
     }
 
     /// A commit, which both services have taken when this returns.
@@ -81,8 +62,6 @@ protected:
     {
         return jsonOf({"--json", "stats", "get", name, "0"}, 0)["value"];
     }
-
-    std::optional<Process> services_;
 };
 
 TEST_F(EndToEnd, ACommitOfAnIncompleteBssIsRefusedAndReachesNoService)

@@ -361,6 +361,7 @@ TEST_F(OructlBss, AFailureBehindASwitchOffLeavesItOn)
 TEST_F(OructlBss, SecurityRefusesWhatDoesNotGoTogether)
 {
     expectWrong({"set", "security", "1", "none"}, "mode: a word is none of its values");
+    expectWrong({"set", "security", "1", "wpa3"}, "wpa2 or wpa-mixed)\n"); // no word near it
     expectWrong({"set", "security", "1", "9"}, "mode takes open, wep, wpa, wpa2 or wpa-mixed");
     expectWrong({"set", "security", "1", "wpa"}, "auth is missing");
     expectWrong({"set", "security", "1", "open", "psk"}, "auth and cipher belong to WPA");

@@ -11,16 +11,19 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <filesystem>
+#include <fstream>
 #include <iterator>
 #include <map>
 #include <set>
+#include <sstream>
 
 using namespace oru::test;
 using namespace oructl;
 
 namespace {
 
-/// Exported operations that neither an item, a command nor a view covers, and what does.
+/// Exported operations that verbs call themselves, and the words that do it.
 const std::map<std::string, std::string> kWithoutItem = {
     {"oruSdkGetVersion", "version"},       {"oruSdkCommitAll", "commit all"},
     {"oruSdkCommitRadio", "commit radio"}, {"oruSdkResetToDefaults", "reset all"},
@@ -159,7 +162,10 @@ const std::set<std::string> kShared = {"oruSdkGetDfsParam", "oruSdkSetDfsParamEn
 TEST(Catalogue, EveryExportedOperationIsCoveredOnce)
 {
     std::set<std::string> covered;
-    for (const auto &[name, verb] : kWithoutItem) covered.insert(name);
+    for (const auto &[name, words] : kWithoutItem) {
+        EXPECT_NE(findVerb(words.substr(0, words.find(' '))), nullptr) << words;
+        covered.insert(name);
+    }
     forEachItem([&](const Item &item) {
         forEachWord(item.operations, [&](std::string_view word) {
             const std::string name{word};
@@ -173,6 +179,111 @@ TEST(Catalogue, EveryExportedOperationIsCoveredOnce)
     const std::set<std::string> exported = exportedOperations();
     EXPECT_THAT(difference(exported, covered), testing::IsEmpty()) << "exported, without an item";
     EXPECT_THAT(difference(covered, exported), testing::IsEmpty()) << "named, but not exported";
+}
+
+// ---- Every item everywhere
+
+std::string textOf(const std::filesystem::path &file)
+{
+    std::ifstream stream{file};
+    std::ostringstream text;
+    text << stream.rdbuf();
+    return text.str();
+}
+
+/// The sources of the tests, but for this file, which walks items without naming them.
+std::string sourcesOfTests()
+{
+    std::string text;
+    for (const auto &file : std::filesystem::directory_iterator(ORU_SOURCE_DIR "/tests/tools"))
+        if (file.path().extension() == ".cpp" &&
+            file.path().filename() != "oructl_catalogue_test.cpp")
+            text += textOf(file.path());
+    return text;
+}
+
+class EveryItem : public OructlTest {
+protected:
+    EveryItem()
+    {
+        for (const char *file : {kWsm, kAa})
+            write(file, textOf(std::string{ORU_SOURCE_DIR "/share"} + (file + 4) + ".orig"));
+        std::filesystem::create_directories(root() + "/config");
+        const char *const radar = "/wsmSavedRadarDetectList";
+        write(std::string{"/config"} + radar, textOf(std::string{ORU_SOURCE_DIR "/share"} + radar));
+    }
+
+    /// The words that read an item at its first index.
+    static oru::test::Arguments reading(const Item &item)
+    {
+        oru::test::Arguments words = {"--json", "get", std::string{item.name}};
+        if (item.scope != Scope::None) words.push_back(std::to_string(legalIndex(item.scope).min));
+        return words;
+    }
+};
+
+TEST_F(EveryItem, HasHelpInTextAndJson)
+{
+    forEachItem([&](const Item &item) {
+        const std::string name{item.name};
+        const Transcript help = run({"help", name});
+        EXPECT_EQ(help.exit, 0);
+        EXPECT_THAT(help.out, testing::HasSubstr(name + ": " + std::string{item.summary} + '\n'));
+        EXPECT_EQ(jsonOf({"--json", "help", name}, 0)["topic"], name);
+    });
+}
+
+TEST_F(EveryItem, StandsInTheManual)
+{
+    const std::string page = run({"--man", "oructl-items", "today"}).out;
+    forEachItem([&](const Item &item) {
+        const std::string tag = "\n.Sy " + std::string{item.name} + "\n.Xc\n";
+        EXPECT_NE(page.find(tag), page.npos) << item.name;
+    });
+}
+
+TEST_F(EveryItem, IsCompletedForTheVerbsThatItHas)
+{
+    const std::string gets = '\n' + run({"--complete-args", "get"}).out;
+    const std::string sets = '\n' + run({"--complete-args", "set"}).out;
+    forEachItem([&](const Item &item) {
+        const std::string line = '\n' + std::string{item.name} + '\n';
+        EXPECT_EQ(gets.find(line) != gets.npos, item.get != nullptr) << item.name;
+        EXPECT_EQ(sets.find(line) != sets.npos, item.set != nullptr) << item.name;
+    });
+}
+
+TEST_F(EveryItem, HasAJsonForm)
+{
+    // What the factory leaves open.
+    EXPECT_EQ(run({"set", "security", "0", "wpa2", "psk"}).exit, 0);
+    EXPECT_EQ(runWithInput("secret of the house\n", {"set", "psk", "0", "-"}).exit, 0);
+    EXPECT_EQ(runWithInput("hush\n", {"set", "radius", "5", "2", "radius.example:1812"}).exit, 0);
+    forEachItem([&](const Item &item) {
+        if (item.get == nullptr) return;
+        SCOPED_TRACE(item.name);
+        const nlohmann::json object = jsonOf(reading(item), 0);
+        EXPECT_EQ(object.value("item", ""), item.name);
+        ASSERT_TRUE(object.contains("value"));
+        for (const Field &field : item.fields) {
+            if (field.name.empty() || !field.belongsTo(Use::Get)) continue;
+            EXPECT_TRUE(object["value"].contains(field.name)) << field.name;
+        }
+    });
+}
+
+TEST_F(EveryItem, HasATestOfItsOwnOrARowInTheWalkBelow)
+{
+    const std::string sources = sourcesOfTests();
+    std::set<std::string_view> walked;
+    for (const auto family : {radioSwitches(), radioOptions()})
+        for (const Item &item : family) walked.insert(item.name);
+    forEachItem([&](const Item &item) {
+        const std::string name{item.name};
+        const bool named = sources.find('"' + name + '"') != sources.npos ||
+                           sources.find('"' + name + ' ') != sources.npos;
+        EXPECT_TRUE(named || walked.contains(item.name)) << name;
+    });
 }
 
 /// A number that the item takes and that differs from what is stored.

@@ -281,7 +281,6 @@ TEST_F(RadioItems, CompletionOffersWordsAndOptions)
         return run(words).out;
     };
     EXPECT_EQ(candidates({"set", "channel-set", "0"}), "any\n2.4ghz\n5ghz\n");
-    EXPECT_EQ(candidates({"set", "channel", "0"}), "auto\n");
     EXPECT_EQ(candidates({"set", "channel", "0", "auto"}),
               "--secondary\n--mode\n--dfs-interval\n--keep-periodic\n");
     EXPECT_EQ(candidates({"set", "dot11-mac", "0"}),

@@ -209,6 +209,15 @@ TEST_F(Oructl, AMistypedNameIsAnsweredWithTheNearest)
     expectUsageError({"get", "mimmo", "0"}, "no item is called 'mimmo'; did you mean mimo?");
     expectUsageError({"set", "tx-powr", "0", "1"}, "did you mean tx-power");
     expectUsageError({"help", "comit"}, "did you mean commit");
+    expectUsageError({"set", "mimo", "0", "onn"},
+                     "'onn' is none of its values (on or off); did you mean on?");
+    expectUsageError({"set", "mimo", "0", "maybe"}, "none of its values (on or off)\n");
+    expectUsageError({"set", "channel", "0", "atuo"}, "(1 to 161 or auto); did you mean auto?");
+    expectUsageError({"set", "channel", "0", "36", "--secondry", "40"},
+                     "'--secondry' is no option of channel; did you mean --secondary?");
+    expectUsageError({"--josn", "get"}, "'--josn' is no option; did you mean --json?");
+    expectUsageError({"commit", "radoi"}, "did you mean radio?");
+    expectUsageError({"reset", "al"}, "did you mean all?");
     EXPECT_THAT(run({"get", "qqqqqqqqqqqq"}).err, Not(HasSubstr("did you mean")));
     EXPECT_EQ(run({"get", std::string(100000, 'x')}).exit, 2);
     expectUsageError({"get", ""}, "no item is called ''");
@@ -369,18 +378,18 @@ TEST_F(Oructl, CompletionOffersWhatCanFollow)
 {
     const auto candidates = [this](Arguments words) {
         words.insert(words.begin(), "--complete-args");
-        return run(words).out;
+        const std::string out = run(words).out;
+        return out.substr(0, out.find("--json\n")); // and all options behind it
     };
     EXPECT_THAT(candidates({}), HasSubstr("get\nset\ncommit\n"));
     EXPECT_THAT(candidates({"--json"}), HasSubstr("get\nset\ncommit\n"));
     EXPECT_THAT(candidates({"set"}), HasSubstr("\nmimo\n"));
-    EXPECT_THAT(candidates({"set"}), HasSubstr("\n--json\n"));
     EXPECT_EQ(candidates({"get", "mimo"}), "0\n1\n");
     EXPECT_EQ(candidates({"get", "mimo", "0"}), "");
     EXPECT_EQ(candidates({"set", "--json", "mimo", "0"}), "on\noff\n");
     EXPECT_EQ(candidates({"set", "mimo", "0", "on"}), "");
     EXPECT_EQ(candidates({"set", "no-such-item"}), "");
-    EXPECT_EQ(candidates({"commit"}), "radio\nall\n--json\n--help\n");
+    EXPECT_THAT(candidates({"commit"}), testing::StartsWith("radio\nall\n--"));
     EXPECT_EQ(candidates({"reset", "bss"}), "0\n1\n2\n3\n");
     EXPECT_EQ(candidates({"reset", "all"}), "");
     EXPECT_EQ(candidates({"no-such-verb"}), "");

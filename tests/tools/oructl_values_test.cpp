@@ -101,10 +101,11 @@ TEST(Operands, WhatIsWrongIsNamed)
 {
     Call call;
     EXPECT_EQ(parse(kMany, {"0", "36"}, call), "mode is missing");
-    EXPECT_EQ(parse(kMany, {"0", "36", "may"}, call), "mode: 'may' is none of its values");
+    EXPECT_EQ(parse(kMany, {"0", "36", "may"}, call),
+              "mode: 'may' is none of its values (none, allow or deny)");
     EXPECT_EQ(parse(kMany, {"0", "36", "none", "--secondary"}, call), "--secondary needs a value");
     EXPECT_EQ(parse(kMany, {"0", "36", "none", "--secondary", "x"}, call),
-              "--secondary: 'x' is no whole number");
+              "--secondary: 'x' is no whole number (0 to 165)");
     EXPECT_EQ(parse(kMany, {"0", "36", "none", "--other", "1"}, call),
               "'--other' is one operand too many");
     EXPECT_EQ(parse(kMany, {"0", "36", "none", "40"}, call), "'40' is one operand too many");

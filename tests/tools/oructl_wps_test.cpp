@@ -177,6 +177,18 @@ TEST_F(Wps, SetPinReadsStandardInput)
     EXPECT_EQ(value(kWsm, "bss1.appinpasswd"), "\"44444444\"");
 }
 
+TEST_F(Wps, AMisplacedPinIsNotRepeated)
+{
+    for (const Arguments &arguments :
+         {Arguments{"wps", "enroll", "12345670"}, Arguments{"wps", "12345670"},
+          Arguments{"wps", "enroll", "0", "1", "12345670"}}) {
+        const Transcript run = this->run(arguments);
+        EXPECT_EQ(run.exit, 2);
+        EXPECT_THAT(run.err, HasSubstr("wps: no such command: it is enroll pin, enroll pbc, "));
+        EXPECT_THAT(run.err, Not(HasSubstr("12345670")));
+    }
+}
+
 TEST_F(Wps, APinOnTheCommandLineIsTakenOnlyWhenThatIsAskedFor)
 {
     wsm.answer(kConfig, {reply({}, 281, 0)});

@@ -3,6 +3,7 @@
 #include "codes.hpp"
 #include "commands.hpp"
 #include "json_output.hpp"
+#include "nearest.hpp"
 #include "oruSdk.h"
 #include "patience.hpp"
 #include "show.hpp"
@@ -36,6 +37,9 @@ int reportNoCommand(Request &request)
         return name.starts_with(words + ' ');
     });
     if (twoWords && request.operands.size() > 1) words.append(" ").append(request.operands[1]);
+    // A word that resembles no command may be a misplaced PIN: it is not repeated.
+    if (nearest(words, names).empty())
+        return reportUsage(request, "no such command: it is " + alternatives(names));
     return reportUnknown(request, "command of " + std::string{request.verb->name}, words, names);
 }
 
@@ -224,19 +228,25 @@ int runCommand(Request &request)
                        synopsis(command->verb, command->words, command->operands, command->repeat));
 }
 
-std::string textCommands(const Verb &verb)
+std::vector<CommandLine> commandLines(const Verb &verb)
 {
-    std::vector<std::pair<std::string, std::string_view>> lines;
+    std::vector<CommandLine> lines;
     forEachCommand([&](const Command &command) {
         if (command.verb == verb.name)
-            lines.emplace_back(
-                synopsis(command.verb, command.words, command.operands, command.repeat),
-                command.summary);
+            lines.push_back(
+                {synopsis(command.verb, command.words, command.operands, command.repeat),
+                 command.summary});
     });
     if (verb.run == runShow)
         forEachView([&](const View &view) {
-            lines.emplace_back(synopsis(verb.name, view.name, view.operands, {}), view.summary);
+            lines.push_back({synopsis(verb.name, view.name, view.operands, {}), view.summary});
         });
+    return lines;
+}
+
+std::string textCommands(const Verb &verb)
+{
+    const std::vector<CommandLine> lines = commandLines(verb);
     if (lines.size() < 2) return "";
     size_t width = 0;
     for (const auto &[line, summary] : lines) width = std::max(width, line.size());

@@ -102,7 +102,15 @@ int reportNoStation(Request &request, const Command &command, const Arguments &a
 /// Ends a command that is done: silent, or its operands as JSON.
 int done(Request &request, const Command &command, const Arguments &arguments);
 
-/// The commands of a verb, or the views of "show", as a list for its help; else empty.
+struct CommandLine {
+    std::string synopsis; ///< "wps status RADIO BSS [--wait [SECONDS]]"
+    std::string_view summary;
+};
+
+/// The commands of a verb, or the views of "show".
+std::vector<CommandLine> commandLines(const Verb &verb);
+
+/// They as a list for the verb's help; empty for a verb with a single one.
 std::string textCommands(const Verb &verb);
 
 /// The six bytes of a MAC address that was read as an operand.

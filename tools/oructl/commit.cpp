@@ -4,6 +4,7 @@
 #include "change.hpp"
 #include "codes.hpp"
 #include "json_output.hpp"
+#include "nearest.hpp"
 #include "oruSdk.h"
 #include "plan.hpp"
 #include "radio_state.hpp"
@@ -67,7 +68,8 @@ std::string readOrder(const Request &request, Order &order)
     if (request.operands.size() > 1) return "too many operands";
     if (!request.operands.empty()) order.what = request.operands.front();
     if (order.what != "radio" && order.what != "all")
-        return quoted(order.what) + " is neither radio nor all";
+        return quoted(order.what) + " is neither radio nor all" +
+               didYouMean(order.what, {"radio", "all"});
     std::optional<int64_t> wait;
     std::string problem = readSeconds(request, "wait", wait);
     if (problem.empty()) problem = readSeconds(request, "confirm", order.confirm);

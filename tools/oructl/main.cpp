@@ -1,9 +1,9 @@
 // oructl: reads and changes the configuration of the access point from a command line.
 #include "complete.hpp"
+#include "man.hpp"
 #include "options.hpp"
 #include "request.hpp"
 
-#include <cstring>
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -40,12 +40,23 @@ int runVerbWithOptions(Request &request, int count, char **words)
     return runVerb(request, "help");
 }
 
+/// What is not for people: what shells ask, and the sources of the manual. False for anything else.
+bool writeForTools(Request &request, std::string_view what, Words words)
+{
+    if (what == "--man" && words.size() == 2) {
+        request.output = manPage(words[0], words[1]);
+        return !request.output.empty();
+    }
+    if (what == "--complete-args") request.output = completions(words);
+    else if (what == "--complete") request.output = describedCompletions(words);
+    else return false;
+    return true;
+}
+
 int run(Request &request, int count, char **words)
 {
-    if (count > 1 && std::strcmp(words[1], "--complete-args") == 0) {
-        request.output = completions(Words{words + 2, static_cast<size_t>(count - 2)});
+    if (count > 1 && writeForTools(request, words[1], {words + 2, static_cast<size_t>(count - 2)}))
         return kDone;
-    }
     int operand = count;
     const std::string problem = count == 0 ? "" : parseOptions(count, words, {}, request, operand);
     if (!problem.empty()) return reportUsage(request, problem);

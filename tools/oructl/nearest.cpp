@@ -1,5 +1,7 @@
 #include "nearest.hpp"
 
+#include "values.hpp"
+
 #include <algorithm>
 #include <utility>
 
@@ -37,11 +39,19 @@ std::vector<std::string_view> nearest(std::string_view typed,
     }
     std::stable_sort(near.begin(), near.end(),
                      [](const auto &a, const auto &b) { return a.first < b.first; });
+    if (!near.empty() && near.front().first <= 1) // the others are not meant
+        std::erase_if(near, [](const auto &each) { return each.first > 1; });
     if (near.size() > kMost) near.resize(kMost);
     std::vector<std::string_view> names;
     names.reserve(near.size());
     for (const auto &[distance, name] : near) names.push_back(name);
     return names;
+}
+
+std::string didYouMean(std::string_view typed, const std::vector<std::string_view> &candidates)
+{
+    const auto near = nearest(typed, candidates);
+    return near.empty() ? "" : "; did you mean " + alternatives(near) + "?";
 }
 
 } // namespace oructl

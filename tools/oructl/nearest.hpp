@@ -1,6 +1,7 @@
 // Names that are meant by mistyped ones.
 #pragma once
 
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -13,5 +14,8 @@ size_t editDistance(std::string_view one, std::string_view other);
 /// all are far from it.
 std::vector<std::string_view> nearest(std::string_view typed,
                                       const std::vector<std::string_view> &candidates);
+
+/// "; did you mean one or other?", or an empty text when all are far from it.
+std::string didYouMean(std::string_view typed, const std::vector<std::string_view> &candidates);
 
 } // namespace oructl

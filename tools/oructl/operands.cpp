@@ -1,5 +1,6 @@
 #include "operands.hpp"
 
+#include "nearest.hpp"
 #include "values.hpp"
 
 #include <algorithm>
@@ -113,6 +114,18 @@ std::string parsePositional(const Item &item, Words &words, Call &call, SecretSo
     return "";
 }
 
+/// An option that the item doesn't have, or that stands behind the first operand.
+std::string noSuchOption(const Item &item, std::string_view word)
+{
+    std::vector<std::string> options;
+    for (const Field &field : item.fields)
+        if (!field.option.empty()) options.push_back("--" + std::string{field.option});
+    const std::vector<std::string_view> names(options.begin(), options.end());
+    const std::string meant = didYouMean(word, names);
+    if (!meant.empty()) return quoted(word) + " is no option of " + std::string{item.name} + meant;
+    return quoted(word) + " is one operand too many";
+}
+
 /// Reads "--option VALUE", or an option that stands alone.
 std::string parseOption(const Item &item, Words &words, Call &call, SecretSource *secrets)
 {
@@ -126,7 +139,7 @@ std::string parseOption(const Item &item, Words &words, Call &call, SecretSource
         const std::string problem = parseNext(field, words, call.values[i], secrets);
         return problem.empty() ? problem : word + ": " + problem;
     }
-    return quoted(word) + " is one operand too many";
+    return isOption(word) ? noSuchOption(item, word) : quoted(word) + " is one operand too many";
 }
 
 std::string parseWords(const Item &item, Use verb, Words words, Call &call, SecretSource *secrets)
@@ -172,7 +185,10 @@ std::string withoutQuotation(const std::string &problem)
 {
     const size_t begin = problem.find('\'');
     if (begin == problem.npos) return problem;
-    return problem.substr(0, begin) + "a word" + problem.substr(problem.rfind('\'') + 1);
+    const size_t end = problem.rfind('\'') + 1;
+    // what it resembles tells of the word, too
+    return problem.substr(0, begin) + "a word" +
+           problem.substr(end, problem.find("; did you mean ") - end);
 }
 
 bool hasSecret(std::span<const Field> fields)

@@ -12,6 +12,9 @@ namespace oructl {
 class Patience {
 public:
     Patience(const Request &request, const std::string &attempt);
+
+    /// For what may come or not: says these words on standard output and is done.
+    Patience(int64_t seconds, const std::string &words);
     ~Patience();
     Patience(const Patience &) = delete;
     Patience &operator=(const Patience &) = delete;

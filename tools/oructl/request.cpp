@@ -106,9 +106,7 @@ int reportUnknown(Request &request, std::string_view what, std::string_view type
 {
     std::string message = "no ";
     message.append(what).append(" is called ").append(quoted(typed));
-    const auto near = nearest(typed, names);
-    if (!near.empty()) message.append("; did you mean ").append(alternatives(near)).append("?");
-    return reportUsage(request, message);
+    return reportUsage(request, message.append(didYouMean(typed, names)));
 }
 
 std::string usageOf(const Verb *verb, const Item *item)

@@ -1,5 +1,7 @@
 #include "values.hpp"
 
+#include "nearest.hpp"
+
 #include <algorithm>
 #include <cstdint>
 
@@ -7,6 +9,23 @@ namespace oructl {
 namespace {
 
 constexpr char kDigits[] = "0123456789abcdef";
+
+std::vector<std::string_view> wordsOf(const Field &field)
+{
+    std::vector<std::string_view> words;
+    words.reserve(field.words.size());
+    for (const Word &word : field.words) words.push_back(word.word);
+    return words;
+}
+
+std::string reportNoValue(const Field &field, std::string_view text)
+{
+    std::string problem = quoted(text);
+    problem += field.kind == Kind::Number ? " is no whole number" : " is none of its values";
+    const bool unbounded = field.kind == Kind::Number && field.bounds.max == field.bounds.min;
+    if (!unbounded) problem.append(" (").append(legalValues(field)).append(")");
+    return problem + didYouMean(text, wordsOf(field));
+}
 
 std::string parseNumber(const Field &field, std::string_view text, Value &value)
 {
@@ -18,9 +37,7 @@ std::string parseNumber(const Field &field, std::string_view text, Value &value)
     switch (parseDecimal(text, value.number)) {
     case Decimal::Good: break;
     case Decimal::TooLarge: return quoted(text) + " does not fit 32 bits";
-    case Decimal::NotANumber:
-        return quoted(text) +
-               (field.kind == Kind::Number ? " is no whole number" : " is none of its values");
+    case Decimal::NotANumber: return reportNoValue(field, text);
     }
     return "";
 }
@@ -165,10 +182,7 @@ bool isLegal(const Field &field, const Value &value)
 std::string legalValues(const Field &field)
 {
     const std::string_view separator = field.unit.empty() ? "" : " ";
-    std::vector<std::string_view> names;
-    names.reserve(field.words.size());
-    for (const Word &word : field.words) names.push_back(word.word);
-    std::string words = alternatives(names);
+    const std::string words = alternatives(wordsOf(field));
     switch (field.kind) {
     case Kind::Switch:
     case Kind::Choice: return words;

@@ -12,6 +12,7 @@
 #include "import.hpp"
 #include "json_output.hpp"
 #include "metrics.hpp"
+#include "nearest.hpp"
 #include "oruSdk.h"
 #include "plan.hpp"
 #include "request.hpp"
@@ -163,7 +164,8 @@ int runReset(Request &request)
     const std::string_view what = request.operands.front();
     if (what == "all") return resetAll(request);
     if (what == "bss") return resetBss(request);
-    return reportUsage(request, quoted(what) + " is neither all nor bss");
+    return reportUsage(request,
+                       quoted(what) + " is neither all nor bss" + didYouMean(what, {"all", "bss"}));
 }
 
 int runList(Request &request)
@@ -250,10 +252,11 @@ constexpr Verb kVerbs[] = {
      "Stores the factory values again: 'all' of them, or those of one BSS (0 to 3). The access\n"
      "point takes them with the next commit.",
      runReset},
-    {"show", "VIEW [OPERAND...] [--watch [SECONDS]]", "shows what the access point says",
-     "Shows what the access point says at this moment, as a table. With --watch again and again,\n"
-     "every 2 seconds or as many as given: in place on a terminal, one below the other elsewhere.\n"
-     "'-' stands for what it left out. Names that no standard gives are those of oruSdk.h.",
+    {"show", "VIEW [OPERAND...] [--watch [SECONDS]]", "shows the access point's state and settings",
+     "Shows a view, as a table: what the access point says at this moment, or, where a view says\n"
+     "so, what is stored. With --watch again and again, every 2 seconds or as many as given: in\n"
+     "place on a terminal, one below the other elsewhere. '-' stands for what is not known. Names\n"
+     "that no standard gives are those of oruSdk.h.",
      runShow},
     {"stats", "get NAME RADIO [STATION-MAC]", "shows a counter",
      "Shows one counter of a radio or of a station ('show stats' has them all).", runCommand},
