@@ -308,4 +308,31 @@ TEST(Display, TheLocaleSaysWhatTheTerminalShows)
     EXPECT_EQ(charset("", "", "de_DE.ISO-8859-1"), oructl::Charset::Ascii);
 }
 
+TEST_F(Terminal, AResetIsAskedForAtATerminal)
+{
+    ASSERT_EQ(run({"set", "mimo", "0", "off"}).exit, 0);
+    {
+        Session refused{environment(), {"reset", "all"}};
+        ASSERT_TRUE(refused.waitFor("Store factory values for everything? [y/N] "));
+        refused.type("\n");
+        EXPECT_EQ(refused.end(), 1);
+        EXPECT_THAT(refused.shown(), HasSubstr("not done"));
+    }
+    EXPECT_NE(read(kWsm), read(kWsmFactory));
+    Session allowed{environment(), {"reset", "all"}};
+    ASSERT_TRUE(allowed.waitFor("[y/N] "));
+    allowed.type("yes\n");
+    EXPECT_EQ(allowed.end(), 0);
+    EXPECT_EQ(read(kWsm), read(kWsmFactory));
+}
+
+TEST_F(Terminal, YesAndDryRunAskNothing)
+{
+    for (const char *option : {"--yes", "--dry-run"}) {
+        Session session{environment(), {option, "reset", "bss", "1"}};
+        EXPECT_EQ(session.end(), 0) << option;
+        EXPECT_THAT(session.shown(), Not(HasSubstr("[y/N]"))) << option;
+    }
+}
+
 } // namespace

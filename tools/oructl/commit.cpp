@@ -6,6 +6,7 @@
 #include "json_output.hpp"
 #include "nearest.hpp"
 #include "oruSdk.h"
+#include "person.hpp"
 #include "plan.hpp"
 #include "radio_state.hpp"
 #include "reasons.hpp"
@@ -150,15 +151,6 @@ int64_t nowMs()
     timespec now = {};
     ::clock_gettime(CLOCK_MONOTONIC, &now);
     return int64_t{now.tv_sec} * 1000 + now.tv_nsec / 1000000;
-}
-
-/// A line of progress, for a person who waits at a terminal.
-void showProgress(const Request &request, const char *what, int64_t seconds)
-{
-    if (request.quiet || request.json || ::isatty(STDERR_FILENO) != 1) return;
-    if (what == nullptr) std::fputs("\r\x1b[K", stderr);
-    else std::fprintf(stderr, "\r\x1b[K%s: %lld s", what, static_cast<long long>(seconds));
-    std::fflush(stderr);
 }
 
 CommitReport lookUntilOnAir(const Request &request, const Order &order)

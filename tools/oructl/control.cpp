@@ -1,6 +1,7 @@
 // What acts at once: the administrative status of a radio, and the disassociation of a station.
 #include "adapt.hpp"
 #include "air.hpp"
+#include "change.hpp"
 #include "commands.hpp"
 #include "items.hpp"
 #include "json_output.hpp"
@@ -38,6 +39,10 @@ int switchRadio(Request &request, const Command &command, const Arguments &argum
     OruSdkFeatureParam param = {.reserved = 0,
                                 .radioIndex = static_cast<uint16_t>(arguments.values[0].number),
                                 .activationFlag = Status};
+    Lock lock;
+    if (const auto trouble = lock.take(patienceMs(request)))
+        return reportTrouble(
+            request, attemptOf(request, command.words, command.operands, arguments), *trouble);
     const uint32_t code = oruSdkSetAdminStatus(&param);
     if (code == ORUSDK_RC_OK) return done(request, command, arguments);
     return reportCommand(request, command, arguments, code, whyNotTold(code, {}),

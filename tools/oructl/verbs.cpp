@@ -14,6 +14,7 @@
 #include "metrics.hpp"
 #include "nearest.hpp"
 #include "oruSdk.h"
+#include "person.hpp"
 #include "plan.hpp"
 #include "request.hpp"
 #include "select.hpp"
@@ -135,9 +136,16 @@ int runSet(Request &request)
     return kDone;
 }
 
+int reportNotAllowed(Request &request)
+{
+    return report(request, {.kind = "failed", .attempt = typed(request), .message = "not done"});
+}
+
 int resetAll(Request &request)
 {
     if (request.operands.size() > 1) return reportUsage(request, "too many operands");
+    if (!isAllowed(request, "Store factory values for everything?"))
+        return reportNotAllowed(request);
     const int status = changeAll(request, typed(request), oruSdkResetToDefaults,
                                  [&](uint32_t code) { return reportCode(request, code); });
     if (status == kDone && request.json && !request.dryRun)
@@ -150,6 +158,8 @@ int resetBss(Request &request)
     int64_t bss = 0;
     const std::string problem = parseResetBss(request.operands.subspan(1), bss);
     if (!problem.empty()) return reportUsage(request, problem);
+    if (!isAllowed(request, "Store factory values for BSS " + std::to_string(bss) + "?"))
+        return reportNotAllowed(request);
     const int status = changeAll(
         request, typed(request), [&] { return oruSdkResetToBss(static_cast<int32_t>(bss)); },
         [&](uint32_t code) { return report(request, resetProblem(bss, code, typed(request))); });

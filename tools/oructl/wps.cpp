@@ -2,6 +2,7 @@
 #include "commands.hpp"
 #include "json_output.hpp"
 #include "oruSdk.h"
+#include "person.hpp"
 #include "secrets.hpp"
 #include "wsm.hpp"
 
@@ -109,12 +110,16 @@ int waitForResult(Request &request, const Command &command, const Arguments &arg
         if (settled)
             return reportFailure(request, command, arguments,
                                  "the enrollment has failed: " + inWords(result));
-        if (std::chrono::steady_clock::now() >= end)
+        const auto now = std::chrono::steady_clock::now();
+        if (now >= end)
             return reportFailure(
                 request, command, arguments,
                 "no outcome within " + std::to_string(*arguments.seconds) + " seconds",
                 "last result: " + (result.given ? inWords(result) : "none"), kTimedOut);
+        const auto left = std::chrono::ceil<std::chrono::seconds>(end - now);
+        showProgress(request, "waits for the enrollment", left.count());
         sleepOneSecond();
+        showProgress(request, nullptr, 0);
     }
 }
 
