@@ -207,6 +207,12 @@ TEST_F(Import, AnExportWithSecretsIsForItsOwnerAlone)
     EXPECT_EQ(run({"export", "/nowhere/export"}).exit, 7);
 }
 
+TEST_F(Import, ExportToADashIsStandardOutput)
+{
+    EXPECT_EQ(run({"export", "-"}).out, run({"export"}).out);
+    EXPECT_FALSE(std::filesystem::exists("-"));
+}
+
 TEST_F(Import, ExportMasksSecretsAndFailsWithoutAFile)
 {
     mustRun({"--insecure-argv", "set", "security", "0", "wpa2", "psk", "--psk", "of the house"});

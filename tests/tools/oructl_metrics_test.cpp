@@ -112,6 +112,7 @@ TEST(CounterName, IsAMetricsName)
     EXPECT_EQ(oructl::counterName("txPackets"), "oru_radio_tx_packets_total");
     EXPECT_EQ(oructl::counterName("FCSErrors"), "oru_radio_fcserrors_total");
     EXPECT_EQ(oructl::counterName("rx-bytes.5G"), "oru_radio_rx_bytes_5_g_total");
+    EXPECT_EQ(oructl::counterName("txPower"), "oru_radio_tx_power") << "no sum";
     EXPECT_EQ(oructl::counterName("{}\""), "");
     EXPECT_EQ(oructl::counterName(""), "");
 }

@@ -32,7 +32,7 @@ int runExport(Request &request)
     if (!all) return reportFile(request, "can't copy the configuration");
     std::string text;
     for (const Captured &each : all->items) text += jsonCaptured(each, request.secrets);
-    if (request.operands.empty()) {
+    if (request.operands.empty() || std::string_view{request.operands[0]} == "-") {
         request.output = std::move(text);
         return kDone;
     }

@@ -127,14 +127,16 @@ bool Metrics::collectCounters(int radio)
     if (askStatistics(numberValue(radio), {}, text, answer) != ORUSDK_RC_OK ||
         !answer.problem.empty())
         return false;
-    std::vector<std::string> seen; // names may differ in letters that no metric has
+    // Names may differ in letters that no metric has; the stations are counted in their lists.
+    std::vector<std::string> seen = {"oru_radio_stations", "oru_radio_channel"};
     for (const Counter &counter : countersOf(text)) {
         const std::string name = counterName(counter.name);
         const bool counts = counter.value.given && counter.value.text.empty() &&
                             counter.value.number >= 0 && !name.empty();
         if (!counts || std::find(seen.begin(), seen.end(), name) != seen.end()) continue;
         seen.push_back(name);
-        add(name, "counter", "The counter " + printable(counter.name) + " of WSM.",
+        add(name, name.ends_with("_total") ? "counter" : "gauge",
+            "The counter " + printable(counter.name) + " of WSM.",
             {{radioLabel(radio)}, counter.value.number});
     }
     return true;
@@ -179,6 +181,15 @@ bool isUpper(char letter)
     return letter >= 'A' && letter <= 'Z';
 }
 
+/// Whether a counter of WSM counts nothing: it says how something is at the moment.
+bool isPresentValue(std::string_view name)
+{
+    constexpr std::string_view kWords[] = {"channel", "stations", "signal", "noise",
+                                           "rate",    "power",    "load",   "temperature"};
+    const std::string_view last = name.substr(name.rfind('_') + 1);
+    return std::find(std::begin(kWords), std::end(kWords), last) != std::end(kWords);
+}
+
 bool isLowerOrDigit(char letter)
 {
     return (letter >= 'a' && letter <= 'z') || (letter >= '0' && letter <= '9');
@@ -202,7 +213,8 @@ std::string counterName(std::string_view counter)
         wordEnds = isLowerOrDigit(letter);
     }
     while (name.ends_with('_')) name.pop_back();
-    return name.empty() ? "" : "oru_radio_" + name + "_total";
+    if (name.empty()) return "";
+    return "oru_radio_" + name + (isPresentValue(name) ? "" : "_total");
 }
 
 std::string exposition(const std::vector<Metric> &metrics)

@@ -35,7 +35,8 @@ int runMetrics(Request &request);
 /// The metrics in the text format.
 std::string exposition(const std::vector<Metric> &metrics);
 
-/// "txPackets" as "oru_radio_tx_packets_total"; empty when no letter of it can stand in a name.
+/// "txPackets" as "oru_radio_tx_packets_total", "noise" as "oru_radio_noise"; empty when no letter
+/// of it can stand in a name.
 std::string counterName(std::string_view counter);
 
 } // namespace oructl

@@ -285,7 +285,7 @@ constexpr Verb kVerbs[] = {
      "for without echo on a terminal), the first line of a file (@FILE), or with --insecure-argv\n"
      "the PIN itself.",
      runCommand},
-    {"export", "[FILE]", "writes all that is stored, as JSON",
+    {"export", "[FILE|-]", "writes all that is stored, as JSON",
      "Writes every item that can be read and set, at every index, to standard output or to FILE:\n"
      "one JSON object a line, as 'oructl --json get' shows it. Secrets are masked; with\n"
      "--show-secrets they are not, and nobody else may read the FILE.",
