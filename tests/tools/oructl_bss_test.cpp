@@ -386,7 +386,7 @@ TEST_F(OructlBss, WepTakesKeysOfOneLength)
     EXPECT_EQ(value(kAa, "bss0.wepKey.1"), "01:23:45:67:89");
     EXPECT_EQ(value(kAa, "bss0.wepKey.3"), "ab:cd:ef:AB:CD");
     EXPECT_EQ(valueOf({"wep", "0"}), (json{{"state", {{"word", "on"}, {"number", 1}}},
-                                           {"key-length", 5},
+                                           {"key-length-bytes", 5},
                                            {"default-key", 3},
                                            {"key1", "********"},
                                            {"key2", ""},
@@ -453,7 +453,7 @@ TEST_F(OructlBss, TimeoutsKeepTheLibrarysExemption)
                "timeouts[3].session-timeout = none\ntimeouts[3].group-key-timeout = 5\n");
     expectDone({"set", "timeouts", "3", "30", "30"});
     EXPECT_EQ(valueOf({"timeouts", "3"}),
-              (json{{"session-timeout", 30}, {"group-key-timeout", 30}}));
+              (json{{"session-timeout-seconds", 30}, {"group-key-timeout-seconds", 30}}));
     expectRefused({"set", "timeouts", "3", "29", "30"}, 43, "session-timeout of timeouts takes 30");
     expectRefused({"set", "timeouts", "3", "30", "29"}, 44, "group-key-timeout of timeouts takes");
     expectRefused({"set", "timeouts", "4", "30", "30"}, 115, "BSS is 0 to 3");

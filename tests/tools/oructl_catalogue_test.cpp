@@ -2,6 +2,7 @@
 #include "catalogue.hpp"
 #include "command.hpp"
 #include "items.hpp"
+#include "json_output.hpp"
 #include "request.hpp"
 #include "show.hpp"
 #include "tools/oructl_run.hpp"
@@ -267,7 +268,7 @@ TEST_F(EveryItem, HasAJsonForm)
         ASSERT_TRUE(object.contains("value"));
         for (const Field &field : item.fields) {
             if (field.name.empty() || !field.belongsTo(Use::Get)) continue;
-            EXPECT_TRUE(object["value"].contains(field.name)) << field.name;
+            EXPECT_TRUE(object["value"].contains(jsonName(field))) << field.name;
         }
     });
 }

@@ -230,10 +230,11 @@ TEST_F(Import, MaskedSecretsKeepWhatIsStoredAndItSaysSo)
 {
     mustRun({"--insecure-argv", "set", "security", "0", "wpa2", "psk", "--psk", "of the house"});
     mustRun({"--insecure-argv", "set", "radius", "3", "2", "a:1812,hush", "b:1813,mush"});
-    const std::string masked = output({"--json", "get", "psk", "0"}) +
-                               R"({"item":"radius","value":{"timeout":2,"tries":3,"servers":[)"
-                               R"({"name":"b","port":1813,"secret":"********"},)"
-                               R"({"name":"c","port":1,"secret":"new"}]}})";
+    const std::string masked =
+        output({"--json", "get", "psk", "0"}) +
+        R"({"item":"radius","value":{"timeout-seconds":2,"tries":3,"servers":[)"
+        R"({"name":"b","port":1813,"secret":"********"},)"
+        R"({"name":"c","port":1,"secret":"new"}]}})";
     const Transcript imported = runWithInput(masked, {"import", "-"});
     EXPECT_EQ(imported.exit, 0) << imported.err;
     EXPECT_EQ(imported.out, "psk[0]: the secret is masked; the stored one stays\n"
@@ -335,8 +336,9 @@ TEST_F(Import, ADryRunChecksAndSaysWhatItWouldStore)
 TEST_F(Import, RefusalsShowNoWordOfAnItemWithASecret)
 {
     const std::string said = refused(
-        R"({"item":"radius","value":{"timeout":"misplaced hush","tries":1,"servers":[]}})", 2);
-    EXPECT_THAT(said, HasSubstr("line 1: radius: timeout: a word is no whole number "));
+        R"({"item":"radius","value":{"timeout-seconds":"misplaced hush","tries":1,"servers":[]}})",
+        2);
+    EXPECT_THAT(said, HasSubstr("line 1: radius: timeout-seconds: a word is no whole number "));
     EXPECT_THAT(said, Not(HasSubstr("hush")));
 }
 

@@ -1,7 +1,11 @@
 // The options that every command takes.
 #include "tools/oructl_run.hpp"
 
+#include <fcntl.h>
 #include <gmock/gmock.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <filesystem>
 
@@ -95,6 +99,28 @@ TEST_F(Options, QuietSaysWhatWasAskedForAndWhatFailed)
     EXPECT_EQ(run({"set", "security", "0", "open"}).out.empty(), false) << "not quiet";
     EXPECT_EQ(run({"--quiet", "--dry-run", "set", "mimo", "0", "on"}).out, "");
     EXPECT_NE(run({"--quiet", "set", "tx-power", "0", "9"}).err, "");
+}
+
+// ---- Exit statuses that other tests of refusals don't have
+
+TEST_F(Options, WithoutPermissionTheStatusIsNine)
+{
+    if (::geteuid() != 0) ASSERT_EQ(::chmod((root() + "/var").c_str(), 0500), 0);
+    else ASSERT_EQ(::chmod(root().c_str(), 0755), 0);
+    const pid_t child = ::fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        constexpr uid_t kNobody = 65534;
+        if (::geteuid() == 0 && ::setuid(kNobody) != 0) ::_exit(100);
+        const int silent = ::open("/dev/null", O_WRONLY);
+        ::dup2(silent, STDERR_FILENO);
+        ::execl(ORUCTL, "oructl", "--root", root().c_str(), "set", "mimo", "0", "off", nullptr);
+        ::_exit(101);
+    }
+    int status = 0;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    EXPECT_EQ(WEXITSTATUS(status), 9);
+    ASSERT_EQ(::chmod((root() + "/var").c_str(), 0700), 0);
 }
 
 } // namespace

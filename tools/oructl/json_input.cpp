@@ -1,5 +1,7 @@
 #include "json_input.hpp"
 
+#include "json_output.hpp"
+
 #include "operands.hpp"
 #include "values.hpp"
 
@@ -80,7 +82,7 @@ std::string unknownMember(std::span<const Field> fields, const Json &object)
 {
     for (const auto &member : object.items()) {
         const bool known = std::any_of(fields.begin(), fields.end(), [&](const Field &field) {
-            return field.belongsTo(Use::Get) && field.name == member.key();
+            return field.belongsTo(Use::Get) && jsonName(field) == member.key();
         });
         if (!known) return "no field of it is called " + oructl::quoted(member.key());
     }
@@ -98,7 +100,7 @@ std::string readFields(std::span<const Field> fields, const Json &json, std::vec
     if (fields.size() == 1 && fields[0].name.empty()) return readValue(fields[0], json, values[0]);
     if (!json.is_object()) return "it is no object of fields";
     for (size_t i = 0; i < fields.size(); ++i) {
-        const std::string name{fields[i].name};
+        const std::string name = jsonName(fields[i]);
         if (!fields[i].belongsTo(Use::Get) || !json.contains(name)) continue;
         if (shown == Shown::LeftOut && !fields[i].belongsTo(Use::Set)) continue;
         const std::string problem = readValue(fields[i], json[name], values[i]);

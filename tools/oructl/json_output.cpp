@@ -4,6 +4,7 @@
 #include "oruSdk.h"
 #include "values.hpp"
 
+#include <algorithm>
 #include <nlohmann/json.hpp>
 
 namespace oructl {
@@ -78,7 +79,7 @@ void addFields(Json &object, std::span<const Field> fields, const std::vector<Va
 {
     for (size_t i = 0; i < fields.size(); ++i)
         if (fields[i].belongsTo(Use::Get))
-            object[std::string{fields[i].name}] = valueOf(fields[i], values[i], secrets);
+            object[jsonName(fields[i])] = valueOf(fields[i], values[i], secrets);
 }
 
 /// The value itself of a single field without a name, an object of several.
@@ -195,10 +196,21 @@ Json describe(const Item &item)
 
 } // namespace
 
+std::string jsonName(const Field &field)
+{
+    std::string name{field.name};
+    if (name.empty() || field.unit.empty()) return name;
+    name.append("-").append(field.unit);
+    std::replace(name.begin(), name.end(), ' ', '-');
+    return name;
+}
+
 std::string jsonValue(const Item &item, const Call &call, Secrets secrets)
 {
     Json object = itemDocument(item, call);
     object["value"] = fieldsOf(item.fields, call.values, secrets);
+    const Field &first = item.fields.front();
+    if (first.name.empty() && !first.unit.empty()) object["unit"] = first.unit;
     return line(object);
 }
 

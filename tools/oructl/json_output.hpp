@@ -20,6 +20,9 @@
 
 namespace oructl {
 
+/// The member for a field with a name: "session-timeout-seconds".
+std::string jsonName(const Field &field);
+
 std::string jsonValue(const Item &item, const Call &call, Secrets secrets = Secrets::Masked);
 std::string jsonSet(const Item &item, const Call &call);
 
