@@ -1,4 +1,5 @@
 """oruSdk from Python: every operation of the public header, and the common ones as Python has them."""
+from . import declarations
 from .bss import (Authentication, Security, Wpa, security, set_open, set_ssid, set_wpa, set_wps, ssid, wps, wps_pin,
                   wps_push_button, wps_status)
 from .library import OruSdkError, call, change, get, message, plain_call, put, variable

@@ -161,7 +161,9 @@ class Status(AccessPointTest):
         self.assertTrue(orusdk.radio_counters(1))
 
     def test_networks_are_heard(self):
-        for network in orusdk.networks():
+        networks = orusdk.networks()
+        self.assertTrue(networks)
+        for network in networks:
             self.assertRegex(network.bssid, "^([0-9a-f]{2}:){5}[0-9a-f]{2}$")
 
     def test_enrollment_begins(self):
