@@ -60,7 +60,9 @@ ORUASF_API int32_t oruAsfDictCreate(OruAsfDict **dict, const char *path);
 
 /**
  * Reads a whole decimal number of 32 bits, signed.
- * @param value left alone on failure
+ * @param dict  the dictionary
+ * @param key   the key
+ * @param value receives the number; left alone on failure
  * @param flag  0; 1 says that the caller has a fallback of its own (same result)
  * @retval 0  read
  * @retval -1 absent, or anything else than a number
@@ -70,16 +72,23 @@ ORUASF_API int32_t oruAsfDictGetInt(OruAsfDict *dict, const char *key, int32_t *
 
 /**
  * Reads exactly "true" (1) or "false" (0).
+ * @param dict  the dictionary
+ * @param key   the key
+ * @param value receives 1 or 0; left alone on failure
+ * @param flag  as for oruAsfDictGetInt()
  * @retval 0  read
- * @retval -1 absent, or anything else; value is left alone
+ * @retval -1 absent, or anything else
  */
 ORUASF_API int32_t oruAsfDictGetBool(OruAsfDict *dict, const char *key, int32_t *value,
                                      int32_t flag);
 
 /**
  * Reads a text in either form.
+ * @param dict  the dictionary
+ * @param key   the key
  * @param value set to the text, which belongs to the dictionary until oruAsfDictFree();
  *              left as it was when the key is absent
+ * @param flag  as for oruAsfDictGetInt()
  * @retval 0  read, or absent
  * @retval -1 a delimited text that is damaged, or no memory
  */
@@ -88,6 +97,10 @@ ORUASF_API int32_t oruAsfDictGetString(OruAsfDict *dict, const char *key, const 
 
 /**
  * Reads a text in either form and tells its length.
+ * @param dict  the dictionary
+ * @param key   the key
+ * @param value as for oruAsfDictGetString()
+ * @param flag  as for oruAsfDictGetInt()
  * @return the length in bytes; -1 when absent or damaged
  */
 ORUASF_API int32_t oruAsfDictGetDelimitedString(OruAsfDict *dict, const char *key,
@@ -97,13 +110,23 @@ ORUASF_API int32_t oruAsfDictGetDelimitedString(OruAsfDict *dict, const char *ke
  * Adds or replaces a key in memory; NULL deletes it, and deleting an absent key succeeds. A text
  * that could not stand bare (control bytes, blanks at the ends, a leading quote) is stored
  * delimited, so that it always reads back the same and never touches another key.
+ * @param dict  the dictionary
+ * @param key   the key
+ * @param value the text; NULL to delete
  * @retval 0  done
  * @retval -1 a key that could not be read back (empty, with '=', blanks or control bytes, or with
  *            a leading '#'), or no memory
  */
 ORUASF_API int32_t oruAsfDictSetString(OruAsfDict *dict, const char *key, const char *value);
 
-/** As oruAsfDictSetString(), always storing the delimited form. */
+/**
+ * As oruAsfDictSetString(), always storing the delimited form.
+ * @param dict  the dictionary
+ * @param key   the key
+ * @param value the text; NULL to delete
+ * @retval 0  done
+ * @retval -1 as for oruAsfDictSetString()
+ */
 ORUASF_API int32_t oruAsfDictSetDelimitedString(OruAsfDict *dict, const char *key,
                                                 const char *value);
 
@@ -113,20 +136,27 @@ ORUASF_API int32_t oruAsfDictSetDelimitedString(OruAsfDict *dict, const char *ke
  * link's target are kept; a new file has mode 0600. A text that the file already holds, byte for
  * byte, writes nothing.
  * A killed save may leave one temporary file beside it; the next save that writes takes it away.
+ * @param dict the dictionary
+ * @param path the file
  * @retval 0  saved, and on the disk
  * @retval -1 not saved; the old file stands and nothing is left beside it. In one case the new file
  *            stands already: when its folder can't be synced, and it may not survive a power cut
  */
 ORUASF_API int32_t oruAsfDictSave(OruAsfDict *dict, const char *path);
 
-/** Gives a dictionary back, with every text that was read from it. */
+/**
+ * Gives a dictionary back, with every text that was read from it.
+ * @param dict the dictionary, or NULL
+ */
 ORUASF_API void oruAsfDictFree(OruAsfDict *dict);
 
 /**
  * Visits every key once, in the order of the file, changes included (for services that compare
  * what they hold with what was saved).
- * @param visit called with the key and its value (NULL when the value is damaged), which both last
- *              until it returns; another result than 0 ends the walk
+ * @param dict    the dictionary
+ * @param visit   called with the key and its value (NULL when the value is damaged), which both
+ *                last until it returns; another result than 0 ends the walk
+ * @param context handed to visit
  * @return 0, what visit returned, or -1 when there is no memory
  */
 ORUASF_API int32_t oruAsfDictVisit(OruAsfDict *dict,
@@ -143,11 +173,18 @@ ORUASF_API int32_t oruAsfDictVisit(OruAsfDict *dict,
 /** One connection. */
 typedef struct OruAsfIpc OruAsfIpc;
 
-/** Makes an unconnected handle. The three arguments are 2, 1 and 0. NULL on failure. */
+/**
+ * Makes an unconnected handle.
+ * @param family   2
+ * @param type     1
+ * @param protocol 0
+ * @return the handle, to be given back with oruAsfIpcClose(); NULL on failure
+ */
 ORUASF_API OruAsfIpc *oruAsfIpcOpen(int32_t family, int32_t type, int32_t protocol);
 
 /**
  * Connects to a service of this machine.
+ * @param ipc     an unconnected handle
  * @param host    "localhost"
  * @param port    port identifier of the service
  * @param version protocol version; a service that listens with another one is not found
@@ -157,11 +194,18 @@ ORUASF_API OruAsfIpc *oruAsfIpcOpen(int32_t family, int32_t type, int32_t protoc
 ORUASF_API int32_t oruAsfIpcConnect(OruAsfIpc *ipc, const char *host, uint32_t port,
                                     uint32_t version);
 
-/** Sends one message. Returns its length, or -1. Never raises SIGPIPE. */
+/**
+ * Sends one message. Never raises SIGPIPE.
+ * @param ipc     a connection
+ * @param message its bytes
+ * @param length  how many
+ * @return length, or -1
+ */
 ORUASF_API int32_t oruAsfIpcSend(OruAsfIpc *ipc, const void *message, uint32_t length);
 
 /**
  * Waits for a message.
+ * @param ipc    a connection
  * @param waitMs the longest wait in milliseconds
  * @return 0 when none came; otherwise non-zero (also when the peer has gone, which the following
  *         oruAsfIpcRecv() then reports)
@@ -170,14 +214,24 @@ ORUASF_API int32_t oruAsfIpcCheck(OruAsfIpc *ipc, uint32_t waitMs);
 
 /**
  * Takes the message that is there, without waiting.
+ * @param ipc    a connection
+ * @param buffer receives the message
+ * @param size   room in the buffer, in bytes
  * @return its bytes, cut to size; 0 when the peer has gone; -1 on failure or when nothing is there
  */
 ORUASF_API int32_t oruAsfIpcRecv(OruAsfIpc *ipc, void *buffer, uint32_t size);
 
-/** Closes a connection and gives its handle back. */
+/**
+ * Closes a connection and gives its handle back.
+ * @param ipc the handle, or NULL
+ */
 ORUASF_API void oruAsfIpcClose(OruAsfIpc *ipc);
 
-/** The descriptor, for poll(); it stays the handle's. */
+/**
+ * Tells a connection's descriptor, for poll().
+ * @param ipc the connection
+ * @return the descriptor, which stays the connection's
+ */
 ORUASF_API int32_t oruAsfIpcDescriptor(const OruAsfIpc *ipc);
 
 /* ---- Messages, the services' side -------------------------------------------------------------
@@ -189,17 +243,32 @@ typedef struct OruAsfListener OruAsfListener;
 /**
  * Listens as a service. A socket that a dead service left behind is replaced; one that answers is
  * not.
- * @return NULL on failure, with errno set (EADDRINUSE: such a service runs already)
+ * @param port    port identifier of the service
+ * @param version protocol version
+ * @return the listener, to be given back with oruAsfIpcUnlisten(); NULL on failure, with errno set
+ * (EADDRINUSE: such a service runs already)
  */
 ORUASF_API OruAsfListener *oruAsfIpcListen(uint32_t port, uint32_t version);
 
-/** Takes the next caller, waiting at most waitMs milliseconds. NULL when none came. */
+/**
+ * Takes the next caller.
+ * @param listener the listener
+ * @param waitMs   the longest wait in milliseconds
+ * @return the connection, to be given back with oruAsfIpcClose(); NULL when none came
+ */
 ORUASF_API OruAsfIpc *oruAsfIpcAccept(OruAsfListener *listener, uint32_t waitMs);
 
-/** The listening descriptor, for poll(); it stays the listener's. */
+/**
+ * Tells the listening descriptor, for poll().
+ * @param listener the listener
+ * @return the descriptor, which stays the listener's
+ */
 ORUASF_API int32_t oruAsfIpcListenDescriptor(const OruAsfListener *listener);
 
-/** Stops listening and removes the socket. */
+/**
+ * Stops listening and removes the socket.
+ * @param listener the listener, or NULL
+ */
 ORUASF_API void oruAsfIpcUnlisten(OruAsfListener *listener);
 
 /* ---- Message bytes ----------------------------------------------------------------------------
@@ -217,32 +286,56 @@ typedef struct OruAsfTtlv {
     void *value;     /**< belongs to the element */
 } OruAsfTtlv;
 
-/** Stores 16 bits and returns the position behind them. */
+/**
+ * Stores 16 bits.
+ * @param at    where to store
+ * @param value the number, in host order
+ * @return the position behind them
+ */
 ORUASF_API uint8_t *oruAsfPut16(uint8_t *at, uint16_t value);
 
-/** Stores 32 bits and returns the position behind them. */
+/**
+ * Stores 32 bits.
+ * @param at    where to store
+ * @param value the number, in host order
+ * @return the position behind them
+ */
 ORUASF_API uint8_t *oruAsfPut32(uint8_t *at, uint32_t value);
 
 /**
- * Stores an element and returns the position behind it.
+ * Stores an element.
+ * @param at     where to store
+ * @param type   kind and identifier
  * @param length bytes of the value; for text (kind 8) plus the 6 bytes of the element's head
  * @param value  a host variable of the kind's width for numbers, else the bytes
- * @return at itself, with nothing stored, when the length can't be: text below 6, or more than
- *         65535 bytes
+ * @return the position behind it; at itself, with nothing stored, when the length can't be: text
+ * below 6, or more than 65535 bytes
  */
 ORUASF_API uint8_t *oruAsfPutTtlv(uint8_t *at, uint32_t type, uint32_t length, const void *value);
 
-/** Converts a message's head, 16-bit type and 16-bit length, to host order in place. */
+/**
+ * Converts a message's head, 16-bit type and 16-bit length, to host order in place.
+ * @param message its first four bytes
+ */
 ORUASF_API void oruAsfNtohHdr(void *message);
 
-/** Reads 16 bits. */
+/**
+ * Reads 16 bits.
+ * @param at where they stand
+ * @return the number, in host order
+ */
 ORUASF_API uint16_t oruAsfGet16(const void *at);
 
-/** Reads 32 bits. */
+/**
+ * Reads 32 bits.
+ * @param at where they stand
+ * @return the number, in host order
+ */
 ORUASF_API uint32_t oruAsfGet32(const void *at);
 
 /**
  * Decodes one element.
+ * @param at       the element's first byte
  * @param consumed on entry the bytes that remain at that place; on return the bytes of the element
  * @return the element, to be given back with oruAsfFreeStructTtlv(); NULL (and *consumed 0) when
  *         it reaches past the bytes that remain, when its length does not fit its kind, or when
@@ -250,12 +343,19 @@ ORUASF_API uint32_t oruAsfGet32(const void *at);
  */
 ORUASF_API OruAsfTtlv *oruAsfGetStructTtlv(const uint8_t *at, uint32_t *consumed);
 
-/** Gives an element back. */
+/**
+ * Gives an element back.
+ * @param element the element, or NULL
+ */
 ORUASF_API void oruAsfFreeStructTtlv(OruAsfTtlv *element);
 
 /**
  * Writes bytes as lower-case pairs joined by colons, NUL-terminated, cut to whole pairs that fit
  * size. 6 bytes take 18 characters.
+ * @param bytes  what to show
+ * @param length how many
+ * @param text   receives the pairs
+ * @param size   room in the text, in bytes
  * @return text
  */
 ORUASF_API const char *oruAsfHexStr(const void *bytes, uint32_t length, char *text, uint32_t size);
@@ -269,7 +369,7 @@ enum { ORUASF_LOG_ERROR = 3, ORUASF_LOG_WARNING = 4, ORUASF_LOG_INFO = 6 };
 /**
  * Writes one log line: to the system log, or where the environment's ORU_LOG says: "syslog",
  * "stderr", "none" or "file:PATH". ORU_LOG_LEVEL is the highest level that is written (default 7).
- * Control bytes of the text are shown as \xHH. Keeps errno.
+ * Control bytes of the text are shown as \\xHH. Keeps errno.
  * @param level  see above
  * @param source name of the component
  * @param line   place in the source

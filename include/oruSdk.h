@@ -178,7 +178,10 @@ enum {
 /** The message of each return code. Check a code against ORUSDK_RC_COUNT before indexing. */
 ORUSDK_API extern const char *const oruSdkRcStr[122];
 
-/** The library's version, "5.0.600.16": the same constant text on every call. */
+/**
+ * Tells the library's version.
+ * @return "5.0.600.16": the same constant text on every call
+ */
 ORUSDK_API const char *oruSdkGetVersion(void);
 
 /* ---- Services: a host program may change these before its first call. -------------------------
@@ -201,14 +204,14 @@ ORUSDK_API extern uint16_t ifi;
 
 /** An on/off switch. */
 typedef struct OruSdkFeatureParam {
-    uint16_t reserved;
+    uint16_t reserved;       /**< neither read nor written */
     uint16_t radioIndex;     /**< 0 or 1 */
     uint32_t activationFlag; /**< 0 off, 1 on; a getter gives what is stored, unchecked */
 } OruSdkFeatureParam;
 
 /** A number, such as an option, a rate or a mode. */
 typedef struct OruSdkOptionParam {
-    uint32_t reserved;
+    uint32_t reserved;       /**< neither read nor written */
     uint32_t radioIndex;     /**< 0 or 1 */
     uint32_t featureOptions; /**< the number; a getter gives what is stored, unchecked */
 } OruSdkOptionParam;
@@ -984,16 +987,16 @@ ORUSDK_API uint32_t oruSdkSetPreambleType(OruSdkOptionParam *param);
 
 /** What WSM tells of one radio: 96 bytes. */
 typedef struct OruSdkRadioInfoEntry {
-    char countryCode[3]; /**< ISO 3166 letters of the country, and one for the environment */
-    uint16_t attr1;      /**< attr1 to attr9: as WSM sent them; of no meaning to this library */
-    uint16_t attr2;
-    uint16_t attr3;
-    uint16_t attr4;
-    uint32_t attr5;
-    uint8_t attr6;
-    uint16_t attr7;
-    uint16_t attr8;
-    uint32_t attr9;
+    char countryCode[3];    /**< ISO 3166 letters of the country, and one for the environment */
+    uint16_t attr1;         /**< as WSM sent it; of no meaning to this library */
+    uint16_t attr2;         /**< as attr1 */
+    uint16_t attr3;         /**< as attr1 */
+    uint16_t attr4;         /**< as attr1 */
+    uint32_t attr5;         /**< as attr1 */
+    uint8_t attr6;          /**< as attr1 */
+    uint16_t attr7;         /**< as attr1 */
+    uint16_t attr8;         /**< as attr1 */
+    uint32_t attr9;         /**< as attr1 */
     uint8_t bandSupport[4]; /**< [2] is 0 on a product for 2.4 GHz only; the others as sent */
     uint8_t channelCount;   /**< channels that follow, below 60 */
     uint8_t channels[63];   /**< allowed channel numbers, in WSM's order; the rest is left alone */
@@ -1114,12 +1117,12 @@ ORUSDK_API uint32_t oruSdkGetChannelParam(OruSdkChannelParam *param);
  * @retval 7   the file can't be loaded
  * @retval 42  a key that a check needs is missing or no number; each is read by its check
  * @retval 120 a radar channel while radar detection is on
- * @retval 106 channel bonding is on and there is no secondaryChannel
- * @retval 19  a channel above 14 in an 802.11b/g mode, or 1 to 14 in 802.11a
- * @retval 20  channel is 0 and autoSelMode above 2
- * @retval 19  no such channel; 14 exists without channel bonding alone
- * @retval 106 secondaryChannel does not exist, is not four channels apart, or is no partner of the
+ * @retval 106 channel bonding is on and there is no secondaryChannel; after the second check of 19,
+ *             secondaryChannel does not exist, is not four channels apart, or is no partner of the
  *             channel at 5 GHz (36/40, 44/48 and so on; 140 has none)
+ * @retval 19  a channel above 14 in an 802.11b/g mode, or 1 to 14 in 802.11a; after 20, no such
+ *             channel: 14 exists without channel bonding alone
+ * @retval 20  channel is 0 and autoSelMode above 2
  * @retval 93  the product is for 2.4 GHz only and the channel is not
  * @retval 88  the channel is not allowed in the band and the regulatory domain of the radio, nor,
  *             with channel bonding, the secondary one
@@ -1627,9 +1630,9 @@ typedef struct OruSdkBasicRateSetParam {
 typedef struct OruSdkBasicRateSetInfo {
     uint32_t radioIndex;  /**< 0 or 1 */
     char dot11aRates[64]; /**< rates in Mbps, separated by blanks */
-    char dot11bRates[64];
-    char dot11gRates[64];
-    char dot11nRates[64];
+    char dot11bRates[64]; /**< as dot11aRates */
+    char dot11gRates[64]; /**< as dot11aRates */
+    char dot11nRates[64]; /**< as dot11aRates */
 } OruSdkBasicRateSetInfo;
 
 /**
@@ -1757,7 +1760,7 @@ typedef struct OruSdkProtectionParam {
 
 /** A switch that other settings depend on. */
 typedef struct OruSdkRadioSwitchParam {
-    uint16_t reserved;
+    uint16_t reserved;   /**< neither read nor written */
     uint16_t radioIndex; /**< 0 or 1 */
     uint32_t enable;     /**< 0 or 1 */
 } OruSdkRadioSwitchParam;
@@ -2098,12 +2101,11 @@ ORUSDK_API uint32_t oruSdkGetAssignBssReq(int32_t bssIndex, uint32_t *mask);
  * @param bssIndex up to 3; a negative one forms its keys with the sign
  * @param ssid any bytes; only the first 32 are read and count; may be empty
  * @retval 0   written
- * @retval 7   "/var/wsmDefaults" can't be loaded
- * @retval 25  the WPS state can't be written
+ * @retval 7   "/var/wsmDefaults" can't be loaded; once the SSID stands in it, the same of
+ *             "/var/1x.conf"
+ * @retval 25  the WPS state can't be written; after 115, the SSID
  * @retval 2   ssid is NULL
  * @retval 115 bssIndex is above 3
- * @retval 25  the SSID can't be written
- * @retval 7   "/var/1x.conf" can't be loaded
  * @retval 8   a file can't be saved
  * @see oruSdkGetSsid
  */
@@ -2289,9 +2291,8 @@ ORUSDK_API uint32_t oruSdkGetEtherVlanId(uint16_t *vlanIds, uint32_t *count, uin
  * @retval 7   a file can't be loaded ("/var/1x.conf" is the first)
  * @retval 42  on: "dot11Mode" of "/var/wsmDefaults" is missing or no number
  * @retval 114 on: "dot11Mode" is 9, 802.11n only
- * @retval 26  on: "bss%d.wepEnabled" is missing or no boolean
+ * @retval 26  on: "bss%d.wepEnabled" is missing or no boolean; after 46, "bss%d.wpaEnabled"
  * @retval 46  on: WEP is on
- * @retval 26  on: "bss%d.wpaEnabled" is missing or no boolean
  * @retval 45  on: WPA is on
  * @retval 25  a key can't be written
  * @retval 8   a file can't be saved
@@ -2330,14 +2331,12 @@ ORUSDK_API uint32_t oruSdkGetSecModeOpen(int32_t bssIndex, uint32_t *enabled);
  * @retval 30  wpaMode is above 3
  * @retval 115 bssIndex is above 3
  * @retval 7   a file can't be loaded ("/var/1x.conf" is the first)
- * @retval 26  on: "bss%d.openAccessEnabled" is missing or no boolean
+ * @retval 26  on: "bss%d.openAccessEnabled" is missing or no boolean; after 32, "bss%d.wepEnabled"
  * @retval 32  on: open access is on
- * @retval 26  on: "bss%d.wepEnabled" is missing or no boolean
  * @retval 46  on: WEP is on
  * @retval 28  on: authType is above 1
- * @retval 29  on: encType is above 2
+ * @retval 29  on: encType is above 2; after 42, it is not 0 while "dot11Mode" is 9
  * @retval 42  on: "dot11Mode" of "/var/wsmDefaults" is missing or no number
- * @retval 29  on: encType is not 0 while "dot11Mode" is 9
  * @retval 25  a key can't be written
  * @retval 8   a file can't be saved
  * @see oruSdkGetSecModeWpa
@@ -2385,7 +2384,7 @@ ORUSDK_API uint32_t oruSdkGetSecModeWpa(int32_t bssIndex, uint32_t *wpaMode, uin
  * @retval 0   written
  * @retval 38  enable is neither 0 nor 1
  * @retval 115 bssIndex is above 3
- * @retval 7   on: "/var/wsmDefaults" can't be loaded
+ * @retval 7   on: "/var/wsmDefaults" can't be loaded; after the keys, on or off, "/var/1x.conf"
  * @retval 42  on: "dot11Mode" of "/var/wsmDefaults" is missing or no number
  * @retval 114 on: "dot11Mode" is 9, 802.11n only; nothing is logged, on purpose
  * @retval 34  on: keyLength is neither 5 nor 13
@@ -2393,10 +2392,8 @@ ORUSDK_API uint32_t oruSdkGetSecModeWpa(int32_t bssIndex, uint32_t *wpaMode, uin
  * @retval 37  on: keys are given, but not the default one
  * @retval 39  on: a key has another length (each key: length, then digits)
  * @retval 36  on: a key holds another character than a hexadecimal digit
- * @retval 7   "/var/1x.conf" can't be loaded
- * @retval 26  on: "bss%d.openAccessEnabled" is missing or no boolean
+ * @retval 26  on: "bss%d.openAccessEnabled" is missing or no boolean; after 32, "bss%d.wpaEnabled"
  * @retval 32  on: open access is on
- * @retval 26  on: "bss%d.wpaEnabled" is missing or no boolean
  * @retval 45  on: WPA is on
  * @retval 25  a key can't be written
  * @retval 8   a file can't be saved
@@ -2421,13 +2418,10 @@ ORUSDK_API uint32_t oruSdkSetSecModeWep(int32_t bssIndex, uint32_t enable, int32
  * @retval 0   read
  * @retval 115 bssIndex is above 3
  * @retval 7   the file can't be loaded
- * @retval 26  "bss%d.wepEnabled" is missing or no boolean
- * @retval 2   enabled is NULL
- * @retval 2   on: keyLength is NULL
- * @retval 26  on: "bss%d.wepKeyLen" is missing or no number
- * @retval 2   on: defaultKeyId is NULL
- * @retval 26  on: "bss%d.wepDefaultKey" is missing or no number
- * @retval 2   on: a key's room is NULL; the results before it are filled
+ * @retval 26  "bss%d.wepEnabled" is missing or no boolean; on: "bss%d.wepKeyLen" or
+ *             "bss%d.wepDefaultKey" is missing or no number, each after the check of its result
+ * @retval 2   enabled is NULL; on: keyLength, then defaultKeyId, then a key's room is NULL; the
+ *             results before it are filled
  * @see oruSdkSetSecModeWep
  */
 ORUSDK_API uint32_t oruSdkGetSecModeWep(int32_t bssIndex, uint32_t *enabled, uint32_t *keyLength,
@@ -2436,6 +2430,7 @@ ORUSDK_API uint32_t oruSdkGetSecModeWep(int32_t bssIndex, uint32_t *enabled, uin
 
 /**
  * Whether a text holds hexadecimal digits only, of either case. Logs nothing.
+ * @param text NUL-terminated, or NULL
  * @retval 1 it does, or is empty
  * @retval 0 it holds another character, or text is NULL
  */
@@ -2619,13 +2614,11 @@ ORUSDK_API uint32_t oruSdkGetRadiusConf(uint32_t *timeout, uint32_t *maxTries, u
  * @param entries count fields of 18 bytes, one behind the other: 17 characters and a terminator,
  *                such as "00:11:22:aa:bb:cc", unchecked
  * @retval 0  written
- * @retval 2  mode is NULL
+ * @retval 2  mode is NULL; after 25, mode is 1 or 2 and count or entries is NULL: nothing is saved
  * @retval 90 mode is above 2
  * @retval 7  the file can't be loaded
- * @retval 25 "localMacAcl" can't be written
- * @retval 2  mode is 1 or 2, and count or entries is NULL; nothing is saved
+ * @retval 25 "localMacAcl" can't be written; after 89, "localMacAclCount" or an entry
  * @retval 89 count is above 256; nothing is saved
- * @retval 25 "localMacAclCount" or an entry can't be written
  * @retval 8  the file can't be saved
  * @see oruSdkGetMacAclList
  */
@@ -2851,9 +2844,8 @@ ORUSDK_API uint32_t oruSdkSetWpsIntf(int32_t bssIndex, const char *interface);
  * @param param radioIndex 0 or 1; ssid and bssid receive the stored texts, cut to 32 and 17
  *              characters, with a terminator
  * @retval 0  read
- * @retval 2  param is NULL
+ * @retval 2  param is NULL; after 3, ssid or bssid is
  * @retval 3  radioIndex is 2 or more
- * @retval 2  ssid or bssid is NULL
  * @retval 7  the file can't be loaded
  * @retval 42 a key is missing
  * @see oruSdkSetClientAdminCrit
@@ -3027,27 +3019,27 @@ ORUSDK_API int32_t oruSdkGetStatsValue(const char *name, const char *text);
 
 /** A BSS of a radio, 96 bytes. */
 typedef struct OruSdkBssEntry {
-    uint8_t element17[4]; /**< a number */
-    char ssid[33];        /**< not filled by oruSdkGetRadioParam() */
-    uint8_t reserved1[40];
-    char bssid[18]; /**< six two-digit hexadecimal groups joined by colons */
-    uint8_t reserved2;
+    uint8_t element17[4];  /**< a number */
+    char ssid[33];         /**< not filled by oruSdkGetRadioParam() */
+    uint8_t reserved1[40]; /**< neither read nor written */
+    char bssid[18];        /**< six two-digit hexadecimal groups joined by colons */
+    uint8_t reserved2;     /**< neither read nor written */
 } OruSdkBssEntry;
 
 /** The BSSes of one radio. */
 typedef struct OruSdkBssListParam {
-    OruSdkBssEntry bss[4];
-    uint16_t radioIndex;  /**< in: sent to WSM as it is */
-    uint8_t element1[2];  /**< a number */
-    uint32_t numBss;      /**< entries, in host order */
-    uint8_t element18[2]; /**< a number */
+    OruSdkBssEntry bss[4]; /**< the first numBss are filled */
+    uint16_t radioIndex;   /**< in: sent to WSM as it is */
+    uint8_t element1[2];   /**< a number */
+    uint32_t numBss;       /**< entries, in host order */
+    uint8_t element18[2];  /**< a number */
 } OruSdkBssListParam;
 
 /** A neighbouring network, 55 bytes. */
 typedef struct OruSdkScanEntry {
-    char bssid[18]; /**< six two-digit hexadecimal groups joined by colons */
-    char ssid[33];
-    uint8_t reserved[4];
+    char bssid[18];      /**< six two-digit hexadecimal groups joined by colons */
+    char ssid[33];       /**< its SSID */
+    uint8_t reserved[4]; /**< neither read nor written */
 } OruSdkScanEntry;
 
 /** Entries that a reply can carry at most. */
@@ -3055,9 +3047,9 @@ typedef struct OruSdkScanEntry {
 
 /** The networks that the radios hear. */
 typedef struct OruSdkScanlistParam {
-    uint8_t numEntries[4];
-    uint8_t reserved[4];
-    OruSdkScanEntry entries[ORUSDK_SCAN_ENTRIES];
+    uint8_t numEntries[4];                        /**< entries that are filled */
+    uint8_t reserved[4];                          /**< neither read nor written */
+    OruSdkScanEntry entries[ORUSDK_SCAN_ENTRIES]; /**< in the order of the reply */
 } OruSdkScanlistParam;
 
 /** A station, 22 bytes. */
@@ -3068,30 +3060,30 @@ typedef struct OruSdkStationEntry {
 
 /** The stations of one BSS. */
 typedef struct OruSdkStationParam {
-    OruSdkStationEntry stations[256];
-    uint8_t numStations[4];
-    uint8_t bssIndex[2];   /**< in: 0 to 3 */
-    uint8_t radioIndex[2]; /**< in: 0 or 1 */
+    OruSdkStationEntry stations[256]; /**< in the order of the reply */
+    uint8_t numStations[4];           /**< entries that are filled */
+    uint8_t bssIndex[2];              /**< in: 0 to 3 */
+    uint8_t radioIndex[2];            /**< in: 0 or 1 */
 } OruSdkStationParam;
 
 /** A radio, 460 bytes. The fields are named after the elements of the reply that fill them. */
 typedef struct OruSdkRadioEntry {
-    uint8_t element1[4]; /**< WSM's identifier of the radio, 16 bits */
-    char element2[17];   /**< a text */
-    uint8_t element3[4];
-    uint8_t element8[4];
-    uint8_t element4[4];
-    uint8_t element277[4];
-    uint8_t reserved[33];
-    uint8_t element6[4];
-    uint8_t element18[2];
-    OruSdkBssEntry bss[4];
+    uint8_t element1[4];   /**< WSM's identifier of the radio, 16 bits */
+    char element2[17];     /**< a text */
+    uint8_t element3[4];   /**< a number */
+    uint8_t element8[4];   /**< a number */
+    uint8_t element4[4];   /**< a number */
+    uint8_t element277[4]; /**< a number */
+    uint8_t reserved[33];  /**< neither read nor written */
+    uint8_t element6[4];   /**< a number */
+    uint8_t element18[2];  /**< a number, 16 bits */
+    OruSdkBssEntry bss[4]; /**< its BSSes, without their SSIDs */
 } OruSdkRadioEntry;
 
 /** The radios. */
 typedef struct OruSdkRadioParam {
-    OruSdkRadioEntry radios[2];
-    uint8_t numRadios[4];
+    OruSdkRadioEntry radios[2]; /**< in the order of the reply */
+    uint8_t numRadios[4];       /**< entries that are filled */
 } OruSdkRadioParam;
 
 /**
@@ -3203,9 +3195,9 @@ typedef struct OruSdkBssInfoParam {
  * @retval 2   param is NULL
  * @retval 115 bssIndex is above 3
  * @retval 7   a file can't be loaded
- * @retval 42  "bss%d.ssId" is missing
+ * @retval 42  "bss%d.ssId" is missing; after 23, "bss%d.suppressSSIDFlag" is missing or no number,
+ *             with the SSID filled
  * @retval 23  the stored SSID has more than 32 characters
- * @retval 42  "bss%d.suppressSSIDFlag" is missing or no number; the SSID is filled
  * @retval 26  "bss%d.openAccessEnabled", "bss%d.wpaEnabled" or "bss%d.wepEnabled" is missing or no
  *             boolean; "bss%d.dynamicWepEnabled" is then taken as off, with a warning
  * @retval 73  WPA is on, and the authentication type is missing

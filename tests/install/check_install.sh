@@ -17,6 +17,8 @@ cmake --build "$work/consumer"
 export ORU_LOG=none
 "$work/consumer/consumer_c"
 "$work/consumer/consumer_cpp"
+cmake -S "$sources/examples" -B "$work/examples" -DCMAKE_PREFIX_PATH="$work/moved"
+cmake --build "$work/examples"
 
 if command -v pkg-config >/dev/null; then
     PKG_CONFIG_PATH=$(dirname "$(find "$work/moved" -name oruSdk.pc)")
