@@ -60,15 +60,15 @@ TEST(Returns, CoverEveryOperationOfTheCatalogue)
 
 TEST_F(Explain, ACodeNamesItsOperationsAndTheirConditions)
 {
-    EXPECT_EQ(of("106"),
-              "106: Invalid Secondary Channel Number\n"
-              "- channel bonding is on and there is no secondaryChannel: oruSdkSetChannelParam\n"
-              "- secondaryChannel does not exist, is not four channels apart, or is no partner "
-              "of the channel at 5 GHz (36/40, 44/48 and so on; 140 has none): "
-              "oruSdkSetChannelParam\n"
-              "- 5 GHz with channel bonding: the secondary channel is not allowed: "
-              "oruSdkSetDfsPrefChans\n"
-              "what to do: oructl help channel, oructl help dfs-preferred-channels\n");
+    EXPECT_EQ(
+        of("106"),
+        "106: Invalid Secondary Channel Number\n"
+        "- channel bonding is on and there is no secondaryChannel; after the second check of "
+        "19, secondaryChannel does not exist, is not four channels apart, or is no partner of "
+        "the channel at 5 GHz (36/40, 44/48 and so on; 140 has none): oruSdkSetChannelParam\n"
+        "- 5 GHz with channel bonding: the secondary channel is not allowed: "
+        "oruSdkSetDfsPrefChans\n"
+        "what to do: oructl help channel, oructl help dfs-preferred-channels\n");
     EXPECT_THAT(of("4"), HasSubstr("no operation returns it\n"));
     EXPECT_THAT(of("7"), HasSubstr(" more\n- "));
     EXPECT_THAT(of("1"), Not(HasSubstr("isHex")));
