@@ -1,5 +1,5 @@
-/* The records of the interface, byte for byte: a program that was built against an older header, or a
- * device with another processor, reads them in the same places. */
+/* The records of the interface, byte for byte: a program that was built against an older header, or
+ * a device with another processor, reads them in the same places. */
 #include "oruAsf.h"
 #include "oruSdk.h"
 #include <stddef.h>
