@@ -13,8 +13,20 @@ function(oru_part name needs found)
     endif()
 endfunction()
 
+# Times and places in files have 64 bits everywhere; where that is no choice, it already is so.
+if(CMAKE_SIZEOF_VOID_P EQUAL 4)
+    add_compile_definitions(_FILE_OFFSET_BITS=64 _TIME_BITS=64)
+endif()
+
 find_package(nlohmann_json 3.11 QUIET)
 find_package(GTest QUIET)
+# Debian has GoogleTest for its own processor alone, and its sources for all others.
+set(ORU_GTEST_SOURCES /usr/src/googletest CACHE PATH "Sources of GoogleTest for a cross build")
+if(CMAKE_CROSSCOMPILING AND NOT GTest_FOUND AND EXISTS ${ORU_GTEST_SOURCES}/CMakeLists.txt)
+    set(INSTALL_GTEST OFF CACHE INTERNAL "")
+    add_subdirectory(${ORU_GTEST_SOURCES} ${PROJECT_BINARY_DIR}/googletest EXCLUDE_FROM_ALL SYSTEM)
+    set(GTest_FOUND ON)
+endif()
 find_package(benchmark QUIET)
 find_package(Threads QUIET)
 set(tests_found OFF)

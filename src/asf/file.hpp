@@ -9,6 +9,9 @@
 
 namespace oru {
 
+// Also where that is a choice: a date behind 2038 or a file on a large disk is none that fails.
+static_assert(sizeof(time_t) == 8 && sizeof(off_t) == 8 && sizeof(ino_t) == 8);
+
 /// Which file was read, in which state. Two equal ones mean that nobody wrote to it in between.
 struct FileState {
     dev_t device = 0;

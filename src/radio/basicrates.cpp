@@ -8,7 +8,7 @@
 
 #include <cstdlib>
 #include <cstring>
-#include <iterator>
+#include <string_view> // std::size(); <iterator> brings the streams along
 #include <utility>
 
 namespace oru {

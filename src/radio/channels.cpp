@@ -6,7 +6,7 @@
 #include "radio/radioinfo.hpp"
 
 #include <algorithm>
-#include <iterator>
+#include <string_view> // std::size(), std::begin(); <iterator> brings the streams along
 
 namespace oru {
 namespace {

@@ -10,6 +10,7 @@
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace oru::test {
 namespace {
@@ -46,10 +47,25 @@ bool strikesFile(const char *name, int file)
     return strikes(name);
 }
 
+/// Where 64-bit times and places in files are a choice, as on 32-bit machines with glibc, the
+/// headers give these calls other names, and so do the definitions below.
+const char *nameInLibc(const char *name)
+{
+#if defined(__GLIBC__) && __SIZEOF_LONG__ == 4
+    constexpr std::pair<const char *, const char *> kOthers[] = {{"fstat", "__fstat64_time64"},
+                                                                 {"fstatat", "__fstatat64_time64"},
+                                                                 {"open", "open64"},
+                                                                 {"openat", "openat64"}};
+    for (const auto &[plain, wide] : kOthers)
+        if (std::strcmp(name, plain) == 0) return wide;
+#endif
+    return name;
+}
+
 template <class Call>
 Call next(const char *name)
 {
-    return reinterpret_cast<Call>(::dlsym(RTLD_NEXT, name));
+    return reinterpret_cast<Call>(::dlsym(RTLD_NEXT, nameInLibc(name)));
 }
 
 } // namespace

@@ -15,8 +15,13 @@ mv "$work/prefix" "$work/moved"
 cmake -S "$sources/tests/install/consumer" -B "$work/consumer" -DCMAKE_PREFIX_PATH="$work/moved"
 cmake --build "$work/consumer"
 export ORU_LOG=none
-"$work/consumer/consumer_c"
-"$work/consumer/consumer_cpp"
+for program in consumer_c consumer_cpp consumer_c_static consumer_cpp_static; do
+    "$work/consumer/$program"
+done
+if readelf -d "$work/consumer/consumer_c_static" "$work/consumer/consumer_cpp_static" | grep oru; then
+    echo "a static program needs a library"
+    exit 1
+fi
 cmake -S "$sources/examples" -B "$work/examples" -DCMAKE_PREFIX_PATH="$work/moved"
 cmake --build "$work/examples"
 
@@ -27,4 +32,8 @@ if command -v pkg-config >/dev/null; then
     cc "$sources/tests/install/consumer/consumer.c" -o "$work/by-pkg-config" \
         $(pkg-config --cflags --libs oruSdk)
     LD_LIBRARY_PATH=$(pkg-config --variable=libdir oruSdk) "$work/by-pkg-config"
+    # shellcheck disable=SC2046 # words on purpose
+    cc -static "$sources/tests/install/consumer/consumer.c" -o "$work/by-pkg-config-static" \
+        $(pkg-config --static --cflags --libs oruSdk)
+    "$work/by-pkg-config-static"
 fi
