@@ -43,7 +43,7 @@ std::vector<Arguments> commandLines()
     std::vector<Arguments> lines;
     for (const oructl::Verb &verb : oructl::verbs()) {
         lines.push_back({std::string{verb.name}});
-        lines.push_back({std::string{verb.name}, "no-such-word"});
+        lines.push_back({std::string{verb.name}, "no-such/word"});
         lines.push_back({"help", std::string{verb.name}});
     }
     forEachItem([&](const oructl::Item &item) {
