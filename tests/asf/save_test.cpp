@@ -1,7 +1,7 @@
 // Saving: whole files, whatever happens meanwhile.
 #include "asf/child.hpp"
-#include "asf/faults.hpp"
 #include "oruAsf.h"
+#include "support/faults.hpp"
 #include "support/tempdir.hpp"
 
 #include <gmock/gmock.h>
