@@ -42,23 +42,7 @@ int rangeCount;
 void (*service_)();
 
 // Blocks that are still allocated.
-constexpr int kMostBlocks = 4096;
-const void *blocks[kMostBlocks];
 int blockCount;
-
-void noteBlock(const void *block)
-{
-    if (block != nullptr && blockCount < kMostBlocks) blocks[blockCount++] = block;
-}
-
-void forgetBlock(const void *block)
-{
-    for (int i = blockCount; i-- > 0;)
-        if (blocks[i] == block) {
-            blocks[i] = blocks[--blockCount];
-            return;
-        }
-}
 
 int noteLibrary(dl_phdr_info *info, size_t, void *)
 {
@@ -291,9 +275,31 @@ extern "C" int nanosleep(const timespec *wait, timespec *left)
 }
 
 // Allocations. The sanitizers have their own, which can't be stood before.
+#if defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define __SANITIZE_ADDRESS__ 1
+#endif
+#endif
 #if !defined(__SANITIZE_ADDRESS__)
 
 namespace {
+
+constexpr int kMostBlocks = 4096;
+const void *blocks[kMostBlocks];
+
+void noteBlock(const void *block)
+{
+    if (block != nullptr && blockCount < kMostBlocks) blocks[blockCount++] = block;
+}
+
+void forgetBlock(const void *block)
+{
+    for (int i = blockCount; i-- > 0;)
+        if (blocks[i] == block) {
+            blocks[i] = blocks[--blockCount];
+            return;
+        }
+}
 
 bool counting;
 int deniedIn;
