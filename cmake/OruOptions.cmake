@@ -4,6 +4,7 @@
 option(ORU_WERROR "Warnings are errors" OFF)
 option(ORU_SIMD "Search configuration texts with SSE2 where the machine has it" ON)
 option(ORU_SANITIZE "Address and undefined-behaviour sanitizers" OFF)
+option(ORU_FUZZ "Fuzz targets for libFuzzer, with sanitizers; needs clang" OFF)
 
 # oru_part(NAME MESSAGE [CONDITION...]): an option NAME whose default is the condition.
 function(oru_part name needs found)
@@ -50,5 +51,11 @@ if(ORU_SANITIZE)
     # Little optimization, and line numbers as the only debug information: half the time to build.
     add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer
         -O1 -g1)
+    add_link_options(-fsanitize=address,undefined)
+endif()
+if(ORU_FUZZ)
+    add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize=function,vptr
+        -fno-sanitize-recover=all
+        -fno-omit-frame-pointer -O1 -g1)
     add_link_options(-fsanitize=address,undefined)
 endif()

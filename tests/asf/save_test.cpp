@@ -1,7 +1,8 @@
 // Saving: whole files, whatever happens meanwhile.
 #include "asf/child.hpp"
-#include "asf/faults.hpp"
+#include "asf/smalldisk.hpp"
 #include "oruAsf.h"
+#include "support/faults.hpp"
 #include "support/tempdir.hpp"
 
 #include <gmock/gmock.h>
@@ -13,7 +14,6 @@
 #include <fcntl.h>
 #include <memory>
 #include <random>
-#include <sched.h>
 #include <string>
 #include <sys/mount.h>
 #include <sys/resource.h>
@@ -30,7 +30,6 @@ namespace {
 
 constexpr const char *kFile = "/config";
 constexpr const char *kLeftOver = "/.config.new";
-constexpr int kNotHere = 77; // a child's status: this machine can't do that
 
 /// Loads a file, sets one key and saves. 0, or which step failed.
 int saveValue(const string &value, const char *from = kFile, const char *to = kFile)
@@ -275,31 +274,6 @@ TEST_F(SaveRefused, WhenTheFileWouldGetTooLargeForTheUser)
               1);
     expectUntouched();
 }
-
-namespace {
-
-/// Runs body() in a child that has a file system of 64 KiB below ORU_ROOT, in /disk.
-template <class Body>
-int onSmallDisk(const TempDir &box, Body body)
-{
-    ::mkdir(box.at("/disk").c_str(), 0755);
-    return inChild([&] {
-        const uid_t user = ::geteuid();
-        const gid_t group = ::getegid();
-        if (::unshare(user == 0 ? CLONE_NEWNS : CLONE_NEWNS | CLONE_NEWUSER) != 0) return kNotHere;
-        if (user != 0) {
-            std::ofstream{"/proc/self/setgroups"} << "deny";
-            std::ofstream{"/proc/self/uid_map"} << "0 " << user << " 1";
-            std::ofstream{"/proc/self/gid_map"} << "0 " << group << " 1";
-        }
-        if (::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
-            ::mount("none", box.at("/disk").c_str(), "tmpfs", 0, "size=64k") != 0)
-            return kNotHere;
-        return body();
-    });
-}
-
-} // namespace
 
 TEST_F(SaveRefused, OnAFullDisk)
 {
@@ -597,7 +571,8 @@ TEST_F(SaveTogether, WithAReaderShowsItTheOldFileOrTheNewOneWhole)
             if (saveValue(values[i % 2]) != 0) return 1;
     });
     int seen[2] = {0, 0};
-    for (int i = 0; i < 100000; ++i) {
+    const int loads = std::getenv("ORU_TORTURE") != nullptr ? 1'000'000 : 20'000;
+    for (int i = 0; i < loads; ++i) {
         OruAsfDict *dict = nullptr;
         const char *value = nullptr;
         ASSERT_EQ(oruAsfDictCreate(&dict, kFile), 0);
@@ -611,6 +586,8 @@ TEST_F(SaveTogether, WithAReaderShowsItTheOldFileOrTheNewOneWhole)
     EXPECT_EQ(waitForChild(writer), 1000 + SIGKILL) << "the writer failed";
     EXPECT_GT(seen[0], 0);
     EXPECT_GT(seen[1], 0);
+    std::printf("torture: loads beside a saver: %d loads, %d of one text, %d of the other\n", loads,
+                seen[0], seen[1]);
 }
 
 TEST_F(Save, WithoutStandardStreamsKeepsOffTheirNumbers)

@@ -61,6 +61,10 @@ public:
 
     // ---- The service: messages are answered by the test instead of sent
 
+    /// Lets messages through to liboruAsf; somebody has to answer them.
+    bool sendsMessages = false;
+    [[nodiscard]] const std::optional<Bytes> &answer() const { return reply_; }
+
     void replyWith(Bytes reply) { reply_ = std::move(reply); }
     void replyWithNothing() { reply_.reset(); }
     [[nodiscard]] const std::vector<Sent> &sent() const { return sent_; }

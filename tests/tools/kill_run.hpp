@@ -1,17 +1,12 @@
-// Runs oructl and kills it at a chosen moment: at the n-th stop at a system call, where it enters
-// one or returns from it.
+// Runs oructl and kills it at a chosen stop.
 #pragma once
+
+#include "support/trace.hpp"
 
 #include <string>
 #include <vector>
 
 namespace oru::test {
-
-enum class KilledAt {
-    Stop,  ///< the n-th one
-    Sleep, ///< it began to wait
-    Never  ///< it ended before
-};
 
 /// A run that begins to wait is killed there.
 KilledAt runAndKill(const std::string &root, const std::vector<std::string> &arguments,

@@ -83,8 +83,8 @@ protected:
             check(killed);
             ASSERT_FALSE(HasFailure()) << "killed at stop " << stop;
         }
-        std::printf("%s: killed at %zu of %zu stops\n", arguments.front().c_str(), runs - 1,
-                    stop - stride - 1);
+        std::printf("torture: oructl %s killed at a system call: %zu kills, %zu stops\n",
+                    arguments.front().c_str(), runs - 1, stop - stride - 1);
         EXPECT_GT(runs, 10u);
     }
 

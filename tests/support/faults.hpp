@@ -9,12 +9,20 @@ namespace oru::test {
 
 class Faults {
 public:
-    /// What the call in question does. `cut` lets a write end early, and is no failure.
-    enum class Kind { none, fail, die, cut };
+    /// What the call in question does. `cut` lets a write end early (a read too, of the
+    /// libraries alone), and is no failure; `failOn` fails it and all of its name that follow.
+    enum class Kind { none, fail, failOn, die, cut };
 
     /// Counts and notes every system call from here to disarm(); the n-th one (1 is the first)
     /// meets its fault. With `only`, just the calls of that name count.
     static void arm(Kind kind = Kind::none, int n = 0, int error = 0, const char *only = nullptr);
+
+    /// The same for the calls of liboruAsf and liboruSdk alone, allocations included. Nothing
+    /// sleeps meanwhile, and `service` runs before each wait for a message, which then never lasts.
+    static void armLibraries(Kind kind, int n, int error, void (*service)());
+
+    /// For stand-ins of system calls that stand elsewhere: whether this one fails, with errno set.
+    static bool strikes(const char *name, const void *caller);
 
     /// The names of the calls since arm().
     static std::vector<std::string> disarm();
@@ -29,7 +37,7 @@ public:
     static void denyMemory(int n);
     /// Whether one was denied.
     static bool allowMemory();
-    /// Allocations less frees since denyMemory().
+    /// Allocations less frees since denyMemory() or armLibraries().
     static int blocksLeft();
 };
 

@@ -1,0 +1,24 @@
+// A traced process that is killed at a chosen moment: at the n-th stop at a system call, where it
+// enters one or returns from it.
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <sys/types.h>
+
+namespace oru::test {
+
+enum class KilledAt {
+    Stop,  ///< the n-th one
+    Sleep, ///< it began to wait
+    Never  ///< it ended before
+};
+
+/// Kills a child that has asked to be traced and stops before it does anything else. One that
+/// begins to wait is killed there.
+KilledAt killTraced(pid_t child, size_t stop);
+
+/// Runs body() in a child and kills it at a stop.
+KilledAt runAndKill(const std::function<void()> &body, size_t stop);
+
+} // namespace oru::test
