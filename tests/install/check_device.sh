@@ -18,7 +18,7 @@ complain() {
 # The addresses of the texts in the exported tables; each is a relocation that the interface asks for.
 texts() {
     nm -DS --defined-only "$1" | while read -r _ size _ name; do
-        case $name in
+        case ${name%%@*} in
         oruSdkRcStr | oruSdkCountryStrings | rateMap) echo $((0x$size / address_size)) ;;
         esac
     done | awk '{ sum += $1 } END { print sum + 0 }'

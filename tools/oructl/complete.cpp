@@ -365,7 +365,8 @@ std::string describedCompletions(Words words)
         all.begin(), all.end(), [](const Candidate &each) { return isOption(each.word); });
     std::string text;
     for (const auto &[word, description] : all) {
-        const std::string whole = option.empty() ? word : option + '=' + word;
+        std::string whole = option;
+        whole.append(option.empty() ? "" : "=").append(word);
         if (isOption(word) && !current.starts_with('-') && !optionsAlone) continue;
         if (!word.starts_with(':') && !whole.starts_with(current)) continue;
         text += word.starts_with(':') ? word : whole;

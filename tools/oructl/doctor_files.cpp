@@ -27,7 +27,7 @@ bool exists(const std::string &path)
 void missing(const Patient &patient, Findings &findings)
 {
     const Dictionary *const read[] = {&patient.radio, &patient.security};
-    for (size_t i = 0; i < kSettings.size(); ++i)
+    for (size_t i = 0; i < std::size(read); ++i)
         if (!*read[i])
             findings.push_back({std::string{kSettings[i]} + " can't be read", "oructl reset all"});
 }
@@ -138,7 +138,7 @@ bool getFails(const Item &item, int64_t index)
 /// Some sets read the key before they write it, so that factory values are the other way.
 std::string mendOf(const Item &item, int64_t index)
 {
-    const std::string reset =
+    std::string reset =
         item.scope == Scope::Bss ? "oructl reset bss " + std::to_string(index) : "oructl reset all";
     if (item.set == nullptr) return reset;
     std::string synopsis = operandSynopsis(item, Use::Set, Synopsis::Brief);

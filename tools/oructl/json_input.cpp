@@ -104,7 +104,7 @@ std::string readFields(std::span<const Field> fields, const Json &json, std::vec
         if (!fields[i].belongsTo(Use::Get) || !json.contains(name)) continue;
         if (shown == Shown::LeftOut && !fields[i].belongsTo(Use::Set)) continue;
         const std::string problem = readValue(fields[i], json[name], values[i]);
-        if (!problem.empty()) return name + ": " + problem;
+        if (!problem.empty()) return std::string{name}.append(": ").append(problem);
     }
     return unknownMember(fields, json);
 }

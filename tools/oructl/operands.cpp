@@ -137,7 +137,7 @@ std::string parseOption(const Item &item, Words &words, Call &call, SecretSource
         words = words.subspan(1);
         if (field.flag) return parseValue(field, "1", call.values[i]);
         const std::string problem = parseNext(field, words, call.values[i], secrets);
-        return problem.empty() ? problem : word + ": " + problem;
+        return problem.empty() ? "" : std::string{word}.append(": ").append(problem);
     }
     return isOption(word) ? noSuchOption(item, word) : quoted(word) + " is one operand too many";
 }

@@ -24,9 +24,6 @@ std::string withoutQuotation(const std::string &problem);
 /// Whether an item, or an entry of its lists, has a secret.
 bool hasSecret(std::span<const Field> fields);
 
-/// The statement without what it quotes.
-std::string withoutQuotation(const std::string &problem);
-
 /// How a synopsis shows options: each by its name, or all as one word.
 enum class Synopsis : uint8_t { Full, Brief };
 

@@ -182,7 +182,7 @@ bool isLegal(const Field &field, const Value &value)
 std::string legalValues(const Field &field)
 {
     const std::string_view separator = field.unit.empty() ? "" : " ";
-    const std::string words = alternatives(wordsOf(field));
+    std::string words = alternatives(wordsOf(field));
     switch (field.kind) {
     case Kind::Switch:
     case Kind::Choice: return words;

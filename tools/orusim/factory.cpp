@@ -110,7 +110,7 @@ std::string initialise(const std::string &factory, bool force, const Log &log,
         if (error) return rooted(folder) + ": " + error.message();
     }
     for (size_t i = 0; i < texts.size(); ++i) {
-        const std::string error = placeAndTell(kFiles[i].path, texts[i], force, log);
+        std::string error = placeAndTell(kFiles[i].path, texts[i], force, log);
         if (!error.empty()) return error;
     }
     return placeAndTell(kRadioFactsPath, *radios, force || !product.empty(), log);
