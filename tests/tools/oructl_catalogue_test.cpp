@@ -34,7 +34,7 @@ const std::map<std::string, std::string> kWithoutItem = {
 std::set<std::string> exportedOperations()
 {
     std::set<std::string> names;
-    FILE *symbols = ::popen("nm -D --defined-only " ORUSDK, "r");
+    FILE *symbols = ::popen("nm -D --defined-only --without-symbol-versions " ORUSDK, "r");
     if (symbols == nullptr) return names;
     char kind = 0;
     char name[256];
