@@ -36,6 +36,41 @@ extern "C" {
 #define ORUSDK_API
 #endif
 
+/* Its sections, in this order:
+ *
+ *   Return codes
+ *   Services: a host program may change these before its first call
+ *   Shared records
+ *   Commit and reset
+ *   Switches of a radio
+ *   Numeric options of a radio
+ *   Radio information and world mode
+ *   Channels
+ *   DFS and preferred channels
+ *   Radar detection
+ *   Radio persona and channel set
+ *   802.11 mode
+ *   Rate codes and rates
+ *   Basic rate sets
+ *   MAC, beacon, retry and threshold parameters
+ *   Protection, standard extensions, scanning and admission
+ *   QoS and channel bonding
+ *   BSS assignment and identity
+ *   Security modes: open and WPA
+ *   WEP
+ *   WPA pre-shared key and pass-phrase
+ *   Security timeouts and MAC authentication
+ *   RADIUS servers
+ *   MAC access-control list
+ *   WPS configuration
+ *   WPS device PIN and password
+ *   WPS enrollment and status
+ *   Statistics
+ *   Live tables
+ *   Administrative status and disassociation
+ *   BSS summary
+ */
+
 /* ---- Return codes -----------------------------------------------------------------------------
  */
 

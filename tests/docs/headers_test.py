@@ -160,6 +160,14 @@ class EveryName(Complains):
         self.expect_none(complaints)
 
 
+class Contents(Complains):
+    def test_of_the_header_list_its_sections_in_order(self):
+        text = (SOURCES / "include/oruSdk.h").read_text()
+        listed = re.search(r"/\* Its sections, in this order:\n(.*?) \*/", text, re.S).group(1)
+        sections = re.findall(r"^/\* ---- (.*?)\.? -{3,}", text, re.M)
+        self.assertEqual(sections, [line.lstrip("* ") for line in listed.splitlines() if line != " *"])
+
+
 def is_example(word):
     """Quoted words of comments that are values, not keys."""
     return word in {"true", "false", "AD", "ZW", "UnKNown"}
