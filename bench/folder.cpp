@@ -2,7 +2,6 @@
 
 #include "rows.hpp"
 
-#include <algorithm>
 #include <cstdio>
 #include <cstring>
 #include <fcntl.h>
@@ -27,8 +26,7 @@ struct Names {
 
     Names()
     {
-        constexpr int kMost = *std::max_element(std::begin(kGrowth), std::end(kGrowth));
-        for (int i = 0; i < kMost; ++i) {
+        for (int i = 0; i < fileGrowth().sizes.back(); ++i) {
             keys.push_back(keyName(i));
             needles.push_back("\n" + keys.back() + "=");
         }

@@ -86,20 +86,28 @@ void measureRows(Results &results)
 }
 
 /// The sizes of one job in turn, round by round.
-Growth measureGrowth(const Growing &job, int rounds, Results &results)
+Growth measureGrowth(const GrowthTable &table, const Growing &job, int rounds, Results &results)
 {
-    constexpr size_t kSizes = std::size(kGrowth);
-    std::vector<double> times[kSizes];
+    const size_t last = table.sizes.size() - 1;
+    std::vector<std::vector<double>> times(table.sizes.size());
     std::vector<double> ratios;
     for (int round = 0; round < rounds; ++round) {
-        for (size_t i = 0; i < kSizes; ++i)
-            times[i].push_back(timeOf(job.job + ("/" + std::to_string(kGrowth[i])), results));
-        const double largest = times[kSizes - 1].back() / kGrowth[kSizes - 1];
-        ratios.push_back(largest / (times[kGrowthBase].back() / kGrowth[kGrowthBase]));
+        for (size_t i = 0; i <= last; ++i)
+            times[i].push_back(timeOf(job.job + ("/" + std::to_string(table.sizes[i])), results));
+        const double largest = times[last].back() / table.sizes[last];
+        ratios.push_back(largest / (times[table.base].back() / table.sizes[table.base]));
     }
-    Growth growth{&job, {}, median(ratios)};
+    Growth growth{job.what, {}, median(ratios)};
     for (const std::vector<double> &all : times) growth.ns.push_back(median(all));
     return growth;
+}
+
+MeasuredTable measureTable(const GrowthTable &table, Results &results)
+{
+    MeasuredTable measured{&table, {}};
+    for (const Growing &job : table.jobs)
+        measured.jobs.push_back(measureGrowth(table, job, (results.rounds + 2) / 3, results));
+    return measured;
 }
 
 std::string describeMachine(int processor)
@@ -146,8 +154,7 @@ int main(int argc, char **argv)
     results.date = now();
     results.machine = describeMachine(processor);
     measureRows(results);
-    for (const Growing &job : growing())
-        results.growth.push_back(measureGrowth(job, (results.rounds + 2) / 3, results));
+    results.growth = {measureTable(fileGrowth(), results), measureTable(listGrowth(), results)};
     results.programs = countPrograms();
 
     const std::string text = asText(results);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdarg>
 #include <cstdio>
+#include <cstring>
 #include <nlohmann/json.hpp>
 
 namespace oru::bench {
@@ -34,29 +35,43 @@ const char *verdict(bool met)
     return met ? "met" : "MISSED";
 }
 
-std::string rowText(const Row &row, const std::optional<Measured> &measured)
+/// What a peer's row would come to if the job cost no more than its floor, the row of the same job
+/// that isn't held against a peer; none for other rows.
+std::optional<double> floorFigure(const Row &row, const Measured &measured, const Results &results)
+{
+    if (row.sense == Sense::atMost) return {};
+    for (size_t i = 0; i < results.rows.size(); ++i) {
+        const Row &other = rows()[i];
+        if (other.sense == Sense::atMost && std::strcmp(other.what, row.what) == 0 &&
+            results.rows[i])
+            return measured.base / results.rows[i]->base;
+    }
+    return {};
+}
+
+std::string rowText(const Row &row, const std::optional<Measured> &measured, const Results &results)
 {
     const std::string goal = goalText(row);
     if (!measured) return formatted("%-46s %-26s not measured\n", row.what, row.against);
-    return formatted("%-46s %-26s %10.2f %10.2f %8.2f  %-14s %s\n", row.what, row.against,
+    const std::optional<double> floor = floorFigure(row, *measured, results);
+    return formatted("%-46s %-26s %10.2f %10.2f %8.2f  %-14s %s%s\n", row.what, row.against,
                      measured->job / 1000, measured->base / 1000, figureOf(row, *measured),
-                     goal.c_str(), verdict(meets(row, *measured)));
+                     goal.c_str(), verdict(meets(row, *measured)),
+                     floor ? formatted(" (floor: %.1f)", *floor).c_str() : "");
 }
 
-std::string growthText(const std::vector<Growth> &all)
+std::string growthText(const MeasuredTable &measured)
 {
-    std::string text =
-        "\nGrowth: microseconds a call, and nanoseconds for each key of the file\n\n";
-    text += formatted("%-18s", "keys");
-    for (const int keys : kGrowth) text += formatted(" %19d", keys);
-    text += "  100000/1000\n";
-    for (const Growth &growth : all) {
-        text += formatted("%-18s", growth.job->what);
+    const GrowthTable &table = *measured.table;
+    std::string text = formatted("\n%-20s", table.things);
+    for (const int size : table.sizes) text += formatted(" %19d", size);
+    text += formatted("  %d/%d\n", table.sizes.back(), table.sizes[table.base]);
+    for (const Growth &growth : measured.jobs) {
+        text += formatted("%-20s", growth.what);
         for (size_t i = 0; i < growth.ns.size(); ++i)
-            text += formatted(" %10.2f %8.2f", growth.ns[i] / 1000, growth.ns[i] / kGrowth[i]);
-        const double ratio = growth.perKey;
-        text +=
-            formatted("  %6.2f  <= %.4g %s\n", ratio, kGrowthLimit, verdict(ratio <= kGrowthLimit));
+            text += formatted(" %10.2f %8.2f", growth.ns[i] / 1000, growth.ns[i] / table.sizes[i]);
+        text += formatted("  %6.2f  <= %.3g %s\n", growth.perThing, table.limit,
+                          verdict(growth.perThing <= table.limit));
     }
     return text;
 }
@@ -101,8 +116,12 @@ std::string asText(const Results &results)
                       results.rounds);
     text += formatted("%-46s %-26s %10s %10s %8s  %s\n", "what", "against", "here, us", "that, us",
                       "ratio", "goal");
-    for (size_t i = 0; i < results.rows.size(); ++i) text += rowText(rows()[i], results.rows[i]);
-    text += growthText(results.growth) + programsText(results.programs);
+    for (size_t i = 0; i < results.rows.size(); ++i)
+        text += rowText(rows()[i], results.rows[i], results);
+    text += "\nGrowth: microseconds a call, and nanoseconds for each key of the file, entry of the "
+            "list\n";
+    for (const MeasuredTable &table : results.growth) text += growthText(table);
+    text += programsText(results.programs);
     for (const auto &[name, why] : results.problems) text += "\n" + name + ": " + why;
     return text;
 }
@@ -120,15 +139,19 @@ std::string asJson(const Results &results)
             one["againstNs"] = measured->base;
             one["figure"] = figureOf(row, *measured);
             one["met"] = meets(row, *measured);
+            if (const auto floor = floorFigure(row, *measured, results))
+                one["floorFigure"] = *floor;
         }
         json["rows"].push_back(one);
     }
-    for (const Growth &growth : results.growth) {
-        nlohmann::ordered_json one = {{"what", growth.job->what}};
-        for (size_t i = 0; i < growth.ns.size(); ++i)
-            one["ns"][std::to_string(kGrowth[i])] = growth.ns[i];
-        one["perKeyRatio"] = growth.perKey;
-        json["growth"].push_back(one);
+    for (const auto &[table, jobs] : results.growth) {
+        for (const Growth &growth : jobs) {
+            nlohmann::ordered_json one = {{"what", growth.what}, {"of", table->things}};
+            for (size_t i = 0; i < growth.ns.size(); ++i)
+                one["ns"][std::to_string(table->sizes[i])] = growth.ns[i];
+            one["ratioOfEach"] = growth.perThing;
+            json["growth"].push_back(one);
+        }
     }
     for (const Program &program : results.programs)
         if (program.instructions >= 0) json["instructions"][program.what] = program.instructions;
@@ -137,12 +160,13 @@ std::string asJson(const Results &results)
 
 std::string asPlotData(const Results &results)
 {
+    const auto &[table, jobs] = results.growth.front();
     std::string text = "keys";
-    for (const Growth &growth : results.growth) text += formatted("\t\"%s\"", growth.job->what);
-    for (size_t i = 0; i < std::size(kGrowth); ++i) {
-        text += formatted("\n%d", kGrowth[i]);
-        for (const Growth &growth : results.growth)
-            text += formatted("\t%.4f", growth.ns[i] / kGrowth[i]);
+    for (const Growth &growth : jobs) text += formatted("\t\"%s\"", growth.what);
+    for (size_t i = 0; i < table->sizes.size(); ++i) {
+        text += formatted("\n%d", table->sizes[i]);
+        for (const Growth &growth : jobs)
+            text += formatted("\t%.4f", growth.ns[i] / table->sizes[i]);
     }
     return text + "\n";
 }

@@ -19,9 +19,14 @@ struct Measured {
 };
 
 struct Growth {
-    const Growing *job;
-    std::vector<double> ns; // one for each of kGrowth
-    double perKey;          // of the largest, against 1000: median of the rounds' ratios
+    const char *what;
+    std::vector<double> ns; // one for each of the table's sizes
+    double perThing;        // of the largest, against the base: median of the rounds' ratios
+};
+
+struct MeasuredTable {
+    const GrowthTable *table;
+    std::vector<Growth> jobs;
 };
 
 struct Results {
@@ -29,7 +34,7 @@ struct Results {
     std::string machine;
     int rounds;
     std::vector<std::optional<Measured>> rows; // in the order of rows(); none: not measured
-    std::vector<Growth> growth;
+    std::vector<MeasuredTable> growth;         // the first is of files
     std::vector<Program> programs;
     std::map<std::string, std::string> problems; // of benchmarks that gave up, by name
 };
@@ -40,7 +45,7 @@ bool meets(const Row &row, const Measured &measured);
 std::string asText(const Results &results);
 std::string asJson(const Results &results);
 
-/// Keys and nanoseconds per key, a column for each job: what gnuplot draws.
+/// Keys of a file and nanoseconds per key, a column for each job: what gnuplot draws.
 std::string asPlotData(const Results &results);
 
 } // namespace oru::bench

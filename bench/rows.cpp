@@ -28,7 +28,7 @@ const std::vector<Row> &rows()
         {"the same on tmpfs", "write, sync, rename, sync", "ChangeOneMemory",
          "ChangeOneMemoryFloor", kAtMost, 1.6},
         {"a setter that changes nothing", "its getter", "SetSame", "GetMimo", kAtMost, 1.5},
-        {"oruSdkSetMacAclList, 256 entries", "a setter of one key", "SetAclList", "SetMimo",
+        {"oruSdkSetMacAclList, 256 entries", "a setter of one key", "GrowAclList/256", "SetMimo",
          kAtMost, 4},
         {kAsk, "a bare socket", "AskBssList", "AskFloor", kAtMost, 1.2},
         {kAsk, "sd-bus, peer to peer", "AskBssList", "AskSdBus", kFaster, 2.5},
@@ -37,15 +37,26 @@ const std::vector<Row> &rows()
     return all;
 }
 
-const std::vector<Growing> &growing()
+const GrowthTable &fileGrowth()
 {
-    static const std::vector<Growing> all = {
-        {"read 1 key", "GrowReadOne"},
-        {"read 20 keys", "GrowReadTwenty"},
-        {"change 1 key", "GrowChangeOne"},
-        {"visit every key", "GrowVisit"},
-    };
-    return all;
+    static const GrowthTable table = {"keys",
+                                      {100, 1000, 10000, 100000},
+                                      1,
+                                      3,
+                                      {{"read 1 key", "GrowReadOne"},
+                                       {"read 20 keys", "GrowReadTwenty"},
+                                       {"change 1 key", "GrowChangeOne"},
+                                       {"change every key", "GrowChangeEvery"},
+                                       {"visit every key", "GrowVisit"}}};
+    return table;
+}
+
+const GrowthTable &listGrowth()
+{
+    constexpr double kNLogN = 8.0 / 6.0; // log 256 / log 64
+    static const GrowthTable table = {
+        "entries", {4, 16, 64, 256}, 2, kNLogN, {{"oruSdkSetMacAclList", "GrowAclList"}}};
+    return table;
 }
 
 } // namespace oru::bench

@@ -23,17 +23,23 @@ struct Row {
 
 const std::vector<Row> &rows();
 
-/// What is measured for files of kGrowth[] keys.
+/// What is measured at growing sizes, each the argument of the benchmark `job`.
 struct Growing {
     const char *what;
     const char *job;
 };
 
-constexpr int kGrowth[] = {100, 1000, 10000, 100000};
-const std::vector<Growing> &growing();
+/// Jobs of the same sizes. The time for each key (or entry) of the largest size may be at most
+/// `limit` times that of sizes[base].
+struct GrowthTable {
+    const char *things; // what is counted
+    std::vector<int> sizes;
+    size_t base;
+    double limit;
+    std::vector<Growing> jobs;
+};
 
-/// What a key of the largest file may cost, against one of a file of 1000.
-constexpr double kGrowthLimit = 3;
-constexpr int kGrowthBase = 1; // kGrowth[1] is 1000
+const GrowthTable &fileGrowth();
+const GrowthTable &listGrowth();
 
 } // namespace oru::bench

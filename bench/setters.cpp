@@ -10,7 +10,6 @@
 #include <fcntl.h>
 #include <sys/uio.h>
 #include <unistd.h>
-#include <vector>
 
 namespace oru::bench {
 namespace {
@@ -44,28 +43,6 @@ void SetMimo(benchmark::State &state)
         param.activationFlag ^= 1;
         if (oruSdkSetMimo(&param) != 0) return state.SkipWithError("set");
     }
-}
-
-/// A list of 256 addresses that differs from the one before.
-void SetAclList(benchmark::State &state)
-{
-    constexpr size_t kField = 18;
-    constexpr int32_t kEntries = 256;
-    std::vector<char> lists[2];
-    for (int list = 0; list < 2; ++list) {
-        lists[list].resize(kEntries * kField);
-        for (int i = 0; i < kEntries; ++i)
-            std::snprintf(&lists[list][static_cast<size_t>(i) * kField], kField,
-                          "00:11:22:33:%02x:%02x", list, static_cast<unsigned>(i));
-    }
-    static const Folder own("/dev/shm", kKeys - kEntries - 2); // with the list: 1000 keys
-    own.use();
-    uint32_t mode = 1;
-    const int32_t count = kEntries;
-    int list = 0;
-    for (auto _ : state)
-        if (oruSdkSetMacAclList(&mode, &count, lists[list ^= 1].data()) != 0)
-            return state.SkipWithError("set");
 }
 
 void changeOne(benchmark::State &state, const Folder &folder)
@@ -140,7 +117,6 @@ void ChangeOneDiskFloor(benchmark::State &state)
 BENCHMARK(GetMimo);
 BENCHMARK(SetSame);
 BENCHMARK(SetMimo);
-BENCHMARK(SetAclList);
 BENCHMARK(ChangeOneMemory);
 BENCHMARK(ChangeOneMemoryFloor);
 BENCHMARK(ChangeOneDisk);

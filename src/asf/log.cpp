@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <string_view>
 #include <syslog.h>
 
 namespace {
@@ -67,8 +68,9 @@ extern "C" void oruAsfLogMsg(int32_t level, const char *source, int32_t line, in
                              const char *format, ...)
 {
     const int error = errno;
-    const char *where = ::secure_getenv("ORU_LOG");
-    if (level > highestLevel() || (where != nullptr && std::strcmp(where, "none") == 0)) return;
+    const char *chosen = ::secure_getenv("ORU_LOG");
+    const std::string_view where = chosen != nullptr ? chosen : "syslog";
+    if (level > highestLevel() || where == "none") return;
 
     char text[kLongestLine];
     va_list values;
@@ -83,15 +85,16 @@ extern "C" void oruAsfLogMsg(int32_t level, const char *source, int32_t line, in
     std::snprintf(head, sizeof head, "%.32s:%d: ", source, line);
     Line whole;
     whole.add(head);
-    const bool toFile = where != nullptr && std::strncmp(where, "file:", 5) == 0;
-    if (toFile || (where != nullptr && std::strcmp(where, "stderr") == 0)) {
+    constexpr std::string_view kFile = "file:";
+    const bool toFile = where.starts_with(kFile);
+    if (toFile || where == "stderr") {
         whole.add(levelName(level));
         whole.add(": ");
         whole.add(text);
         whole.end();
         if (toFile) {
             const oru::Descriptor file{
-                ::open(where + 5,
+                ::open(chosen + kFile.size(),
                        O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, 0600)};
             if (file) writeTo(file.number(), whole);
         } else {

@@ -47,5 +47,5 @@ check() {
 }
 
 check oruSdk 112 60
-check oruAsf 40 61
+check oruAsf 40 60
 exit $status
