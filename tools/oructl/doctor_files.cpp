@@ -148,19 +148,41 @@ std::string mendOf(const Item &item, int64_t index)
            reset;
 }
 
-void missingKeys(const Patient &patient, Findings &findings)
+/// Calls visit for each get that fails, with the keys that it lacks.
+template <class Visit>
+void forEachFailing(const Patient &patient, Visit visit)
 {
-    std::set<std::string> found; // some keys belong to several items
     forEachItem([&](const Item &item) {
         if (item.get == nullptr) return;
         const Bounds legal = item.scope == Scope::Port ? Bounds{0, 1} : legalIndex(item.scope);
-        for (int64_t index = legal.min; index <= legal.max; ++index) {
-            const auto absent = absentKeys(patient, item, index);
-            if (absent.empty() || !getFails(item, index)) continue;
-            for (const std::string &key : absent)
-                if (found.insert(key).second)
-                    findings.push_back({"key " + key + " is missing", mendOf(item, index)});
-        }
+        for (int64_t index = legal.min; index <= legal.max; ++index)
+            if (getFails(item, index)) visit(item, index, absentKeys(patient, item, index));
+    });
+}
+
+void missingKeys(const Patient &patient, Findings &findings)
+{
+    std::set<std::string> found; // some keys belong to several items
+    forEachFailing(patient, [&](const Item &item, int64_t index, const auto &absent) {
+        for (const std::string &key : absent)
+            if (found.insert(key).second)
+                findings.push_back({"key " + key + " is missing", mendOf(item, index)});
+    });
+}
+
+/// What stands there is not what the item holds: no number, say.
+void badValues(const Patient &patient, Findings &findings)
+{
+    forEachFailing(patient, [&](const Item &item, int64_t index, const auto &absent) {
+        if (!absent.empty() || item.name == "ssid") return; // which has a check of its own
+        std::string name{item.name};
+        if (item.scope != Scope::None) name += ' ' + std::to_string(index);
+        std::string keys;
+        forEachWord(item.keys, [&](std::string_view pattern) {
+            keys.append(keys.empty() ? "" : ", ").append(keyOf(pattern, index));
+        });
+        findings.push_back(
+            {name + " can't be read from what is stored as " + keys, mendOf(item, index)});
     });
 }
 
@@ -172,7 +194,8 @@ constexpr Check kFileChecks[] = {
     {"leftover", Level::Warning, leftover},
     {"uncommitted", Level::Note, uncommitted},
 };
-constexpr Check kKeyChecks[] = {{"missing-key", Level::Error, missingKeys}};
+constexpr Check kKeyChecks[] = {{"missing-key", Level::Error, missingKeys},
+                                {"bad-value", Level::Error, badValues}};
 
 } // namespace
 
