@@ -36,7 +36,7 @@ bool next(pid_t child)
 
 } // namespace
 
-KilledAt killTraced(pid_t child, size_t stop)
+KilledAt killTraced(pid_t child, size_t stop, const std::function<void()> &before)
 {
     int status = 0;
     ::waitpid(child, &status, 0);
@@ -45,6 +45,7 @@ KilledAt killTraced(pid_t child, size_t stop)
     for (size_t count = 1; next(child); ++count) {
         const bool asleep = sleeps(child);
         if (count < stop && !asleep) continue;
+        if (before) before();
         ::kill(child, SIGKILL);
         while (::waitpid(child, &status, 0) == child && !WIFSIGNALED(status) && !WIFEXITED(status))
             ::ptrace(PTRACE_CONT, child, nullptr, nullptr);
@@ -53,10 +54,11 @@ KilledAt killTraced(pid_t child, size_t stop)
     return KilledAt::Never;
 }
 
-KilledAt runAndKill(const std::function<void()> &body, size_t stop)
+KilledAt runAndKill(const std::function<void()> &body, size_t stop,
+                    const std::function<void()> &before)
 {
     const pid_t child = ::fork();
-    if (child != 0) return killTraced(child, stop);
+    if (child != 0) return killTraced(child, stop, before);
     ::ptrace(PTRACE_TRACEME, 0, nullptr, nullptr);
     ::raise(SIGSTOP);
     body();

@@ -15,10 +15,11 @@ enum class KilledAt {
 };
 
 /// Kills a child that has asked to be traced and stops before it does anything else. One that
-/// begins to wait is killed there.
-KilledAt killTraced(pid_t child, size_t stop);
+/// begins to wait is killed there. `before` is what happens at that moment, while it stands still.
+KilledAt killTraced(pid_t child, size_t stop, const std::function<void()> &before = {});
 
 /// Runs body() in a child and kills it at a stop.
-KilledAt runAndKill(const std::function<void()> &body, size_t stop);
+KilledAt runAndKill(const std::function<void()> &body, size_t stop,
+                    const std::function<void()> &before = {});
 
 } // namespace oru::test
