@@ -244,10 +244,20 @@ bool isSaved(const Target &target, std::string_view bytes, const FileState &read
     return contains(target.path(), bytes);
 }
 
-/// Makes the folder's new entry durable. A file system that can't sync folders has no need to.
-bool syncFolder(int folder)
+/// Makes a folder's new entry durable, or what a file holds. What can't be synced has no need to
+/// be.
+bool sync(const Descriptor &opened)
 {
-    return uninterrupted([&] { return ::fsync(folder); }) == 0 || errno == EINVAL;
+    return opened &&
+           (uninterrupted([&] { return ::fsync(opened.number()); }) == 0 || errno == EINVAL);
+}
+
+/// Makes what stands there already durable: who wrote it may have been killed before that.
+bool syncSaved(const Target &target)
+{
+    const Descriptor file{uninterrupted(
+        [&] { return ::open(target.path(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOFOLLOW); })};
+    return sync(file) && sync(target.openFolder());
 }
 
 } // namespace
@@ -297,7 +307,7 @@ int32_t replaceFile(const char *path, std::string_view bytes, const FileState &r
     const Target target{path};
     if (!target.valid()) return -1;
     if (target.exists()) {
-        if (isSaved(target, bytes, read, holds)) return 0;
+        if (isSaved(target, bytes, read, holds)) return syncSaved(target) ? 0 : -1;
         if (::faccessat(AT_FDCWD, target.path(), W_OK, AT_EACCESS) != 0) return -1;
     }
 
@@ -307,7 +317,7 @@ int32_t replaceFile(const char *path, std::string_view bytes, const FileState &r
     if (!temporary || !writeWhole(temporary.number(), bytes) || !temporary.setMode()) return -1;
     if (uninterrupted([&] { return ::fsync(temporary.number()); }) != 0) return -1;
     if (!temporary.rename()) return -1;
-    return syncFolder(folder.number()) ? 0 : -1;
+    return sync(folder) ? 0 : -1;
 }
 
 } // namespace oru
