@@ -130,8 +130,10 @@ TEST_F(SaveTorture, OnADiskWithAnyRoomLeftIsWholeOrLeavesTheOldFileAlone)
     constexpr size_t kMost = 8;
     const int result = onSmallDisk(box, [&] {
         for (size_t left = 0; left <= kMost; ++left)
-            for (size_t needed = 1; needed <= kMost; ++needed) {
-                const string value(needed * 4096 - 20, 'n');
+            for (size_t bytes = 4096; bytes <= kMost * 4096;
+                 bytes += bytes % 4096 == 1 ? 4095 : 1) {
+                const size_t needed = (bytes + 4095) / 4096; // just full, or of one byte
+                const string value(bytes - textOf("").size(), 'n');
                 box.write("/disk/config", textOf("old"));
                 if (!leavePages(box, left)) return kNotHere;
                 const int saved = saveValue(value, "/disk/config");
@@ -143,5 +145,5 @@ TEST_F(SaveTorture, OnADiskWithAnyRoomLeftIsWholeOrLeavesTheOldFileAlone)
     });
     if (result == kNotHere) GTEST_SKIP() << "this machine mounts no file system for the tests";
     EXPECT_EQ(result, 0);
-    std::printf("torture: saves on a full disk: %zu saves\n", (kMost + 1) * kMost);
+    std::printf("torture: saves on a full disk: %zu saves\n", (kMost + 1) * (2 * kMost - 1));
 }

@@ -1,5 +1,6 @@
 #include "support/faults.hpp"
 
+#include <algorithm>
 #include <cerrno>
 #include <climits>
 #include <cstdarg>
@@ -30,6 +31,7 @@ bool struck_;
 const char *calls[kMostCalls];
 int callCount;
 int lowest;
+size_t room; // on a disk that gets full
 
 // With the libraries alone armed: where their code is, and what answers them.
 struct Range {
@@ -95,6 +97,17 @@ bool strikesFile(const char *name, int file, const void *caller)
     return strikes(name, caller);
 }
 
+/// With a disk that gets full: how much of a write it takes. False when that is nothing.
+bool takes(size_t &size)
+{
+    if (!armed || kind != Faults::Kind::full) return true;
+    size = std::min(size, room);
+    room -= size;
+    struck_ |= size == 0;
+    errno = size == 0 ? ENOSPC : errno;
+    return size > 0;
+}
+
 /// Where 64-bit times and places in files are a choice, as on 32-bit machines with glibc, the
 /// headers give these calls other names, and so do the definitions below.
 const char *nameInLibc(const char *name)
@@ -144,6 +157,12 @@ void Faults::armLibraries(Kind what, int n, int error, void (*service)())
 bool Faults::strikes(const char *name, const void *caller)
 {
     return librariesOnly && oru::test::strikes(name, caller);
+}
+
+void Faults::armFullDisk(size_t bytes)
+{
+    arm(Kind::full);
+    room = bytes;
 }
 
 std::vector<std::string> Faults::disarm()
@@ -218,7 +237,8 @@ extern "C" ssize_t read(int file, void *to, size_t size)
 extern "C" ssize_t write(int file, const void *bytes, size_t size)
 {
     static const auto real = next<ssize_t (*)(int, const void *, size_t)>("write");
-    if (!strikesFile("write", file, __builtin_return_address(0))) return real(file, bytes, size);
+    if (!strikesFile("write", file, __builtin_return_address(0)))
+        return takes(size) ? real(file, bytes, size) : -1;
     return kind == Faults::Kind::cut ? real(file, bytes, size / 2) : -1;
 }
 

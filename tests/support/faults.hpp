@@ -2,6 +2,7 @@
 // on until a test arms them; then the n-th one fails, or ends the process.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -10,8 +11,9 @@ namespace oru::test {
 class Faults {
 public:
     /// What the call in question does. `cut` lets a write end early (a read too, of the
-    /// libraries alone), and is no failure; `failOn` fails it and all of its name that follow.
-    enum class Kind { none, fail, failOn, die, cut };
+    /// libraries alone), and is no failure; `failOn` fails it and all of its name that follow;
+    /// `full` is what armFullDisk() does.
+    enum class Kind { none, fail, failOn, die, cut, full };
 
     /// Counts and notes every system call from here to disarm(); the n-th one (1 is the first)
     /// meets its fault. With `only`, just the calls of that name count.
@@ -20,6 +22,10 @@ public:
     /// The same for the calls of liboruAsf and liboruSdk alone, allocations included. Nothing
     /// sleeps meanwhile, and `service` runs before each wait for a message, which then never lasts.
     static void armLibraries(Kind kind, int n, int error, void (*service)());
+
+    /// Writes come to this many bytes; the one that has no room for all of its bytes is cut, and
+    /// those that follow fail.
+    static void armFullDisk(size_t bytes);
 
     /// For stand-ins of system calls that stand elsewhere: whether this one fails, with errno set.
     static bool strikes(const char *name, const void *caller);
