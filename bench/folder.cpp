@@ -4,6 +4,7 @@
 
 #include <cstdio>
 #include <cstring>
+#include <ctime>
 #include <fcntl.h>
 #include <filesystem>
 #include <sys/stat.h>
@@ -78,6 +79,15 @@ Folder::~Folder()
 {
     std::error_code ignored;
     std::filesystem::remove_all(root_, ignored);
+}
+
+void Folder::settle() const
+{
+    constexpr time_t kMinute = 62;
+    struct stat status {};
+    if (::stat(path().c_str(), &status) != 0) return std::perror(path().c_str());
+    const time_t rest = status.st_ctim.tv_sec + kMinute - std::time(nullptr);
+    if (rest > 0) ::sleep(static_cast<unsigned>(rest));
 }
 
 const Folder &memory()

@@ -153,9 +153,12 @@ int main(int argc, char **argv)
     results.rounds = wanted.empty() ? kRounds : std::max(1, std::atoi(wanted.c_str()));
     results.date = now();
     results.machine = describeMachine(processor);
-    measureRows(results);
+    const Folder &resting = memory();
+    std::fprintf(stderr, "growth, whole programs, and a minute in which the files come to rest\n");
     results.growth = {measureTable(fileGrowth(), results), measureTable(listGrowth(), results)};
     results.programs = countPrograms();
+    resting.settle();
+    measureRows(results);
 
     const std::string text = asText(results);
     std::fputs(text.c_str(), stdout);
