@@ -188,10 +188,8 @@ private:
     /// have open for reading is written to; a killed save's left-over gives way to a new one.
     State take(int file)
     {
-        if (uninterrupted([&] { return ::flock(file, LOCK_EX); }) != 0 ||
-            ::fstat(file, &status_) != 0)
-            return State::unusable;
-        if (const State state = whoseName(); state != State::ours) return state;
+        const State state = lock(file);
+        if (state != State::ours) return state;
         const bool fresh = S_ISREG(status_.st_mode) && status_.st_size == 0 &&
                            status_.st_nlink == 1 && status_.st_uid == ::geteuid() &&
                            (status_.st_mode & 077) == 0;
@@ -203,6 +201,25 @@ private:
         if (owner.st_uid == status_.st_uid && owner.st_gid == status_.st_gid) return State::ours;
         if (::fchown(file, owner.st_uid, owner.st_gid) != 0) return State::unusable;
         return whoseName();
+    }
+
+    /// Locks what was opened. A lock is asked for again and again, not waited for: a child that was
+    /// forked in the middle of a save keeps the lock with its copy of the descriptor when the save
+    /// has long renamed the file.
+    State lock(int file)
+    {
+        constexpr timespec kMoment{0, 1'000'000};
+        for (int moments = 0;; ++moments) {
+            const bool locked = ::flock(file, LOCK_EX | LOCK_NB) == 0;
+            const bool busy = !locked && (errno == EWOULDBLOCK || errno == EINTR);
+            if ((!locked && !busy) || ::fstat(file, &status_) != 0) return State::unusable;
+            const State state = whoseName();
+            if (locked || state != State::ours) return state;
+            // Whoever needs longer has stopped for good; should it go on after all, it finds
+            // another file under its name, and fails.
+            if (moments >= kLongestSave) return State::leftOver;
+            ::nanosleep(&kMoment, nullptr);
+        }
     }
 
     [[nodiscard]] State whoseName() const
@@ -218,7 +235,8 @@ private:
     const Target &target_;
     int file_ = -1;
     bool renamed_ = false;
-    int patience_ = 1000; // milliseconds
+    static constexpr int kLongestSave = 30'000; // milliseconds
+    int patience_ = 1000;                       // milliseconds
     struct stat status_ {};
     char name_[NAME_MAX + 1];
 };

@@ -10,15 +10,18 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <csignal>
 #include <cstring>
 #include <fcntl.h>
 #include <memory>
 #include <random>
 #include <string>
+#include <sys/file.h>
 #include <sys/mount.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/time.h>
+#include <sys/wait.h>
 #include <vector>
 
 using namespace oru::test;
@@ -543,6 +546,22 @@ TEST_F(SaveTogether, WithOthersSucceedsForEach)
                      "\n";
     EXPECT_TRUE(whole);
     EXPECT_THAT(box.names(), ElementsAre("config"));
+}
+
+TEST_F(SaveTogether, WithOneWhoseLockAForkedChildStillHoldsDoesNotWaitForTheChild)
+{
+    // A program saves, forks in the middle of it, and goes on; its child keeps what was open.
+    const int lock = ::open(box.at(kLeftOver).c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600);
+    ASSERT_EQ(::flock(lock, LOCK_EX), 0);
+    const pid_t child = startChild([] { return ::pause(); });
+    const pid_t saver = startChild([] { return saveValue("new value"); });
+    ::usleep(50'000); // the saver waits for its turn
+    ASSERT_EQ(::rename(box.at(kLeftOver).c_str(), box.at(kFile).c_str()), 0);
+    ::close(lock);
+    EXPECT_EQ(waitForChild(saver), 0);
+    EXPECT_EQ(box.read(kFile), "# the old text\nkey=new value\n");
+    ::kill(child, SIGKILL);
+    ::waitpid(child, nullptr, 0);
 }
 
 TEST_F(SaveTogether, OfRootAndTheFilesOwnUserSucceedsForBoth)
