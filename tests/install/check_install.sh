@@ -6,7 +6,9 @@ sources=$1 work=$2
 rm -rf "$work"
 mkdir -p "$work"
 
-cmake -S "$sources" -B "$work/build" -DORU_TOOLS=OFF -DORU_TESTS=OFF -DORU_BENCH=OFF
+# In the folder of this machine's libraries where it has one, two below the prefix.
+cmake -S "$sources" -B "$work/build" -DORU_TOOLS=OFF -DORU_TESTS=OFF -DORU_BENCH=OFF \
+    -DCMAKE_INSTALL_LIBDIR="lib/$(cc -print-multiarch)"
 cmake --build "$work/build" --parallel 2
 cmake --install "$work/build" --prefix "$work/prefix"
 # Moved, to see that nothing depends on where it was installed.
