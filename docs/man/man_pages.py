@@ -2,6 +2,7 @@
 """Writes manual pages (mdoc) that no program writes itself.
 
 man_pages.py sdk HEADER DATE      oruSdk(3), from the public header
+man_pages.py asf HEADER DATE      oruAsf(3), from that of the support library
 man_pages.py orusim PROGRAM DATE  orusim(1), from its --help
 """
 import re
@@ -50,7 +51,7 @@ def sentence(text):
     return text[:1].upper() + text[1:] + ("" if text.endswith(".") else ".")
 
 
-# ---- oruSdk(3)
+# ---- oruSdk(3), oruAsf(3)
 
 COMMENT = re.compile(r"/\*\*(.*?)\*/\s*", re.S)
 
@@ -74,34 +75,47 @@ def codes(header):
 def operations(section):
     """The functions of a section, with the first sentence of what each does."""
     for comment in COMMENT.finditer(section):
-        declaration = re.match(r"ORUSDK_API\s+([^;=]*?)\b(\w+)\(", section[comment.end():])
+        declaration = re.match(r"ORU(?:SDK|ASF)_API\s+([^;=]*?)\b(\w+)\(", section[comment.end():])
         if declaration:
             text = " ".join(plain(comment.group(1)).split("\n@")[0].split())
             yield declaration.group(2), sentence(re.split(r"(?<=\.)\s", text)[0])
 
 
 def sections(header):
-    parts = re.split(r"/\* ---- (.*?) ?-*\s*\*/", header)[1:]
+    parts = re.split(r"/\* ---- (.*?) -{3,}[\s\S]*?\*/", header)[1:]
     return [(title.strip().split(":")[0], list(operations(body)))
             for title, body in zip(parts[::2], parts[1::2])]
 
 
-def sdk_page(path, date):
-    header = open(path, encoding="utf-8").read()
-    out = head("oruSdk", "3", date, "configuration and status of an access point")
-    out += [".Sh LIBRARY", "liboruSdk (\\-loruSdk)", ".Sh SYNOPSIS", ".In oruSdk.h", ".Sh DESCRIPTION"]
-    out += filled("The library reads and changes the configuration of a dual-radio access point, and asks "
-                  "its services for live status. The header says of each operation which fields it takes, "
-                  "which codes it returns, and when it takes effect.")
-    out += [".Ss Conventions", ".Bl -enum"]
+def library_page(name, summary, text, header, date):
+    out = head(name, "3", date, summary)
+    out += [".Sh LIBRARY", f"lib{name} (\\-l{name})", ".Sh SYNOPSIS", f".In {name}.h", ".Sh DESCRIPTION"]
+    out += filled(text) + [".Ss Conventions", ".Bl -enum"]
     for each in conventions(header):
         out += [".It"] + filled(each)
     out += [".El"]
     for title, functions in sections(header):
         if functions:
             out += [f".Ss {title}"] + tagged(functions)
+    return out
+
+
+def sdk_page(path, date):
+    header = open(path, encoding="utf-8").read()
+    out = library_page("oruSdk", "configuration and status of an access point",
+                       "The library reads and changes the configuration of a dual-radio access point, and asks "
+                       "its services for live status. The header says of each operation which fields it takes, "
+                       "which codes it returns, and when it takes effect.", header, date)
     out += [".Sh RETURN VALUES"] + filled("A return code is 0 or one of these:") + tagged(codes(header))
-    return out + see_also("oructl 1", "orusim 1", "oructl-items 7")
+    return out + see_also("oructl 1", "orusim 1", "oruAsf 3", "oructl-items 7")
+
+
+def asf_page(path, date):
+    header = open(path, encoding="utf-8").read()
+    out = library_page("oruAsf", "dictionaries, messages and logging of an access point",
+                       "The library serves the services of an access point, and liboruSdk. The header says of "
+                       "each operation what it takes and gives, and when it fails.", header, date)
+    return out + see_also("oruSdk 3")
 
 
 # ---- orusim(1)
@@ -142,7 +156,7 @@ def orusim_page(program, date):
 
 
 def main():
-    write = {"sdk": sdk_page, "orusim": orusim_page}.get(sys.argv[1]) if len(sys.argv) == 4 else None
+    write = {"sdk": sdk_page, "asf": asf_page, "orusim": orusim_page}.get(sys.argv[1]) if len(sys.argv) == 4 else None
     if write is None:
         sys.exit(__doc__)
     print("\n".join(write(sys.argv[2], sys.argv[3])))

@@ -21,8 +21,8 @@ using testing::Not;
 
 namespace {
 
-const std::vector<std::string> kPages = {"man1/oructl.1", "man1/orusim.1", "man3/oruSdk.3",
-                                         "man7/oructl-items.7"};
+const std::vector<std::string> kPages = {"man1/oructl.1", "man1/orusim.1", "man3/oruAsf.3",
+                                         "man3/oruSdk.3", "man7/oructl-items.7"};
 
 std::string output(const std::string &command)
 {
@@ -130,20 +130,31 @@ TEST(Man, TheItemsPageHasEachItem)
     forEachItem([&](const Item &item) { expectIn(page, tag(item.name)); });
 }
 
-TEST(Man, TheLibrarysPageHasEachOperationAndCode)
+/// Expects each operation of a library in its page; gives how many there are.
+size_t operationsIn(const std::string &page, const std::string &library)
 {
-    const std::string page = sourceOf("man3/oruSdk.3");
     size_t operations = 0;
     for (const std::string &line :
-         linesOf(output("nm -D --defined-only --without-symbol-versions " ORUSDK))) {
+         linesOf(output("nm -D --defined-only --without-symbol-versions " + library))) {
         const size_t at = line.find(" T ");
         if (at == line.npos) continue;
         expectIn(page, tag(line.substr(at + 3)));
         ++operations;
     }
-    EXPECT_GT(operations, 100u);
+    return operations;
+}
+
+TEST(Man, TheLibrarysPageHasEachOperationAndCode)
+{
+    const std::string page = sourceOf("man3/oruSdk.3");
+    EXPECT_GT(operationsIn(page, ORUSDK), 100u);
     expectIn(page, tag("0 ORUSDK_RC_OK"));
     expectIn(page, "\n.Sy 121 ORUSDK_RC_");
+}
+
+TEST(Man, TheSupportLibrarysPageHasEachOperation)
+{
+    EXPECT_GT(operationsIn(sourceOf("man3/oruAsf.3"), ORUASF), 30u);
 }
 
 TEST(Man, TheSimulatorsPageHasEachOption)
