@@ -13,6 +13,7 @@ unshare --mount --pid --fork true 2>/dev/null || skip "this machine lets nobody 
 
 # What the packages need, and compilers for programs that use them.
 contents=python3,g++,cmake,make,pkgconf
+# shellcheck source=/dev/null
 . /etc/os-release
 debian=$build/debian.tar
 wanted="$VERSION_CODENAME $contents"

@@ -79,7 +79,7 @@ by_cmake() {
 purge() {
     # shellcheck disable=SC2086 # words on purpose
     dpkg --purge $packages
-    if dpkg-query -W $packages; then return 1; fi
+    if dpkg-query -W | grep oru; then return 1; fi
 }
 
 packages=$(for file in packages/*.deb; do dpkg-deb -f "$file" Package; done)

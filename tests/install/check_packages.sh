@@ -35,6 +35,7 @@ libraries=0
 while read -r package; do
     put "$package" "$package"
     [ -s "$work/$package.list" ] || complain "$package holds nothing"
+    # shellcheck disable=SC2044 # names without spaces
     for file in $(find "$work/$package" -type f -name '*.so.*'); do
         library "$package" "$file"
         libraries=$((libraries + 1))
