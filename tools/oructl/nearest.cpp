@@ -16,7 +16,7 @@ size_t editDistance(std::string_view one, std::string_view other)
         for (size_t j = 0; j < other.size(); ++j) {
             const size_t replaced = diagonal + (one[i] == other[j] ? 0 : 1);
             diagonal = row[j + 1];
-            row[j + 1] = std::min({replaced, row[j] + 1, row[j + 1] + 1});
+            row[j + 1] = std::min(replaced, std::min(row[j], row[j + 1]) + 1);
         }
     }
     return row.back();
@@ -32,10 +32,13 @@ std::vector<std::string_view> nearest(std::string_view typed,
 
     std::vector<std::pair<size_t, std::string_view>> near;
     for (const std::string_view candidate : candidates) {
-        const size_t distance = editDistance(typed, candidate);
         const bool beginsWith = typed.size() >= 3 && candidate.starts_with(typed);
-        if (distance <= furthest || beginsWith)
-            near.emplace_back(beginsWith ? 0 : distance, candidate);
+        // The distance is at least that of the lengths.
+        if (!beginsWith && (candidate.size() > typed.size() + furthest ||
+                            typed.size() > candidate.size() + furthest))
+            continue;
+        const size_t distance = beginsWith ? 0 : editDistance(typed, candidate);
+        if (distance <= furthest) near.emplace_back(distance, candidate);
     }
     std::stable_sort(near.begin(), near.end(),
                      [](const auto &a, const auto &b) { return a.first < b.first; });
