@@ -56,6 +56,6 @@ endif()
 if(ORU_FUZZ)
     add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize=function,vptr
         -fno-sanitize-recover=all
-        -fno-omit-frame-pointer -O1 -g1)
+        -fno-omit-frame-pointer -O2 -g1)
     add_link_options(-fsanitize=address,undefined)
 endif()

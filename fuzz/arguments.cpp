@@ -3,10 +3,9 @@
 #include "command.hpp"
 #include "complete.hpp"
 #include "fuzz.hpp"
+#include "memory.hpp"
 #include "options.hpp"
 #include "request.hpp"
-
-#include <cstdlib>
 
 namespace {
 
@@ -33,7 +32,7 @@ void readOperands(const Verb &verb, Words words)
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
-    ::setenv("ORU_ROOT", "/nonexistent", 1);
+    oru::fuzz::enterMemory(); // anew: the run before may have given another root
     std::vector<std::string> texts;
     const std::string line{reinterpret_cast<const char *>(data), size};
     if (!parseLine(line, texts).empty()) return 0;

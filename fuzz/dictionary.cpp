@@ -1,83 +1,72 @@
-// A configuration file of any text, and a change of any key to any value.
+// A configuration file of any text, and a key to look for.
+#include "memory.hpp"
+
 #include "fuzz.hpp"
-#include "oruAsf.h"
-#include "support/tempdir.hpp"
+#include "settings.hpp"
 
 #include <cstring>
-#include <map>
-#include <memory>
+
+using namespace oru::fuzz;
 
 namespace {
 
-using Settings = std::map<std::string, std::string>;
-using Dict = std::unique_ptr<OruAsfDict, void (*)(OruAsfDict *)>;
-
-constexpr const char *kFile = "/file";
-
-Dict load()
+/// What each getter makes of a key, against what the walk over all keys has found.
+void check(const Settings &all, const std::string &key, OruAsfDict *dict)
 {
-    OruAsfDict *dict = nullptr;
-    MUST(oruAsfDictCreate(&dict, kFile) == 0);
-    return {dict, oruAsfDictFree};
-}
-
-/// Every key with its value; a damaged one has a mark that no value begins with.
-Settings settings(OruAsfDict *dict)
-{
-    Settings all;
-    const auto visit = [](void *context, const char *key, const char *value) {
-        auto &found = *static_cast<Settings *>(context);
-        MUST(found.emplace(key, value == nullptr ? "damaged" : std::string{"="} + value).second);
-        return 0;
-    };
-    MUST(oruAsfDictVisit(dict, visit, &all) == 0);
-    return all;
-}
-
-/// Cuts the bytes up to a NUL off.
-std::string take(std::string &bytes)
-{
-    const size_t end = bytes.find('\0');
-    std::string head = bytes.substr(0, end);
-    bytes = end == std::string::npos ? "" : bytes.substr(end + 1);
-    return head;
-}
-
-void change(int32_t (*set)(OruAsfDict *, const char *, const char *), const std::string &key,
-            const std::string &value)
-{
-    const Dict dict = load();
-    Settings expected = settings(dict.get());
-    const bool done = set(dict.get(), key.c_str(), value.c_str()) == 0;
-    if (done) expected[key] = "=" + value;
-    MUST(settings(dict.get()) == expected);
-    MUST(oruAsfDictSave(dict.get(), kFile) == 0);
-    const Dict saved = load();
-    MUST(settings(saved.get()) == expected);
-    if (!done) return;
-
+    constexpr int32_t kUntouched = 77;
+    const auto found = all.find(key);
+    const bool isThere = found != all.end();
+    const bool isWhole = isThere && found->second != kDamaged;
     const char *text = nullptr;
-    MUST(oruAsfDictGetString(saved.get(), key.c_str(), &text, 0) == 0);
-    MUST(text != nullptr && value == text);
-    MUST(oruAsfDictGetDelimitedString(saved.get(), key.c_str(), &text, 0) ==
-         static_cast<int32_t>(value.size()));
-    MUST(oruAsfDictSetString(saved.get(), key.c_str(), nullptr) == 0);
-    expected.erase(key);
-    MUST(settings(saved.get()) == expected);
+    MUST(oruAsfDictGetString(dict, key.c_str(), &text, 0) == (isThere && !isWhole ? -1 : 0));
+    MUST(isWhole ? text != nullptr && found->second == std::string{"="} + text : text == nullptr);
+
+    const int32_t size = oruAsfDictGetDelimitedString(dict, key.c_str(), &text, 0);
+    MUST(size == (isWhole ? static_cast<int32_t>(found->second.size()) - 1 : -1));
+
+    int32_t number = kUntouched;
+    if (oruAsfDictGetInt(dict, key.c_str(), &number, 0) == 0) {
+        MUST(isWhole && std::strtoll(found->second.c_str() + 1, nullptr, 10) == number);
+    } else {
+        MUST(number == kUntouched);
+    }
+    number = kUntouched;
+    if (oruAsfDictGetBool(dict, key.c_str(), &number, 0) == 0) {
+        MUST(isWhole && found->second == (number == 1 ? "=true" : "=false"));
+    } else {
+        MUST(number == kUntouched);
+    }
 }
 
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
-    static const oru::test::TempDir box;
+    constexpr int kMostKeys = 4;
+    static const bool ready = (enterMemory(), true);
+    MUST(ready);
     std::string bytes{reinterpret_cast<const char *>(data), size};
     const std::string text = take(bytes);
-    const std::string key = take(bytes);
-    const std::string value = take(bytes);
-    for (auto *set : {oruAsfDictSetString, oruAsfDictSetDelimitedString}) {
-        box.write(kFile, text);
-        change(set, key, value);
+    const std::string wanted = take(bytes);
+    putText(kWsm, text);
+    const uint64_t before = writes();
+
+    const Dict dict = load(kWsm);
+    const Settings all = settings(dict.get());
+    check(all, wanted, dict.get()); // by a search
+    check(all, wanted, dict.get()); // by the index
+    int count = 0;
+    for (const auto &[key, value] : all) {
+        if (++count > kMostKeys) break;
+        check(all, key, load(kWsm).get());
+        check(all, key, dict.get());
     }
+    MUST(oruAsfDictSave(dict.get(), kWsm) == 0);
+    MUST(writes() == before && textOf(kWsm) == text);
+    expectTidy();
+
+    putText(kWsm, std::string{text}.append(1, '\0'));
+    OruAsfDict *none = nullptr;
+    MUST(oruAsfDictCreate(&none, kWsm) == -1 && none == nullptr);
     return 0;
 }
