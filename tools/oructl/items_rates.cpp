@@ -202,7 +202,9 @@ uint32_t setBasicRates(const Call &call)
     OruSdkBasicRateSetParam record{};
     record.radioIndex = static_cast<uint32_t>(call.index);
     record.rateMode = static_cast<uint32_t>(call.values[kFamily].number);
-    const std::string &rates = call.values[kRates].text;
+    // Longer texts were refused before they came here.
+    const std::string_view rates =
+        std::string_view{call.values[kRates].text}.substr(0, sizeof record.rateSet - 1);
     std::replace_copy(rates.begin(), rates.end(), record.rateSet, ',', ' ');
     return oruSdkSetBasicRateSetParam(&record);
 }
