@@ -1,58 +1,141 @@
 #!/bin/sh
-# run.sh [NAME...]: plants each defect of defects.txt (or those named) into a copy of what is committed, one
-# at a time, and runs the test that should catch it. Prints how many were caught; 1 when any was not.
+# run.sh [NAME...]: plants the defects of defects.txt (or those named), one at a time, in a copy of the sources,
+# and expects each to be caught: by the cases that its row names or, where these pass, by the whole suite.
+#
+#   caught    the test executable was built, and a case failed: its name is printed
+#   SURVIVED  every test passes: one is missing
+#   ERROR     the change no longer applies or does not build, or its cases say nothing without it
+#
+# The last line counts them; the exit status is 0 when all were caught. The copy is what git knows of, committed
+# or not, and stays in build-planted for the next run, which sets it right first.
 set -eu
 
 here=$(cd "$(dirname "$0")" && pwd)
-work=$(mktemp -d "${TMPDIR:-/tmp}/oru-planted-XXXXXX")
-trap 'rm -rf "$work"' EXIT
+root=$(cd "$here/../.." && pwd)
+folder=${ORU_BUILD_DIR:-$root/build}-planted
+mkdir -p "$folder"
+folder=$(cd "$folder" && pwd)
+tree=$folder/tree
+build=$folder/build
+log=$folder/log
 tab=$(printf '\t')
-grep -v '^#' "$here/defects.txt" >"$work/defects"
-if [ $# != 0 ]; then
-    for name in "$@"; do grep "^$name$tab" "$work/defects"; done >"$work/chosen"
-    mv "$work/chosen" "$work/defects"
-fi
+exec 9>"$folder/lock"
+flock -n 9 || { echo "planted: another run uses $folder" >&2; exit 1; }
 
-git clone -q "$here/../.." "$work/tree"
-cd "$work/tree"
-launcher=
-command -v ccache >/dev/null && launcher=-DCMAKE_CXX_COMPILER_LAUNCHER=ccache
-# shellcheck disable=SC2086
-cmake -G Ninja -S . -B build $launcher -DORU_TOOLS=ON -DORU_TESTS=ON -DORU_BENCH=OFF >"$work/log" 2>&1
+# Each step runs beside the script, which a signal reaches at once.
+child=
+clean() {
+    [ -z "$child" ] || kill "$child" 2>/dev/null || :
+    [ ! -d "$tree" ] || git -C "$tree" reset -q --hard 2>/dev/null || :
+}
+trap clean EXIT
+trap 'exit 130' INT
+trap 'exit 143' HUP TERM
 
-build() { cmake --build build --target "$@" >"$work/log" 2>&1; }
-run() { # TEST FILTER
-    timeout 120 "$(find build/tests -name "$1" -type f)" --gtest_filter="$2" >"$work/log" 2>&1
+step() { # SECONDS COMMAND...: what it prints stays in the log
+    timeout "$@" >"$log" 2>&1 9>&- &
+    child=$!
+    status=0
+    wait "$child" || status=$?
+    child=
+    return "$status"
+}
+build() { step 1800 cmake --build "$build" ${1:+--target "$@"}; }
+cases() { # TEST CASES: whether there are any, and all pass
+    step 120 "$(ls "$build"/tests/*/"$1")" --gtest_filter="$2" && grep -q '^\[  PASSED  \] [1-9]' "$log"
+}
+suite() {
+    step 1800 ctest --test-dir "$build" --parallel "$(nproc)" --stop-on-failure --no-tests=error
+}
+die() {
+    cat "$log" >&2
+    echo "planted: $*" >&2
+    exit 1
 }
 
-# Without a defect every test has cases, and they pass.
-# shellcheck disable=SC2046 # words on purpose
-build oruAsf oruSdk $(cut -f 3 "$work/defects" | sort -u) || { cat "$work/log"; exit 1; }
-while IFS=$tab read -r name file test filter change; do
-    if ! run "$test" "$filter" || ! grep -q 'PASSED  \] [1-9]' "$work/log"; then
-        echo "$name: no cases $filter of $test that pass without it"
-        exit 1
-    fi
-done <"$work/defects"
+# The first case that the log says failed, or the one that never ended.
+culprit() {
+    failed=$(sed -n -e 's/^\[  FAILED  \] \([^ ,]*\).*/\1/p' -e 's/^[[:space:]]*[0-9]* - \(.*\) (.*)$/\1/p' "$log" |
+        head -n 1)
+    [ -n "$failed" ] || failed=$(sed -n 's/^\[ RUN      \] //p' "$log" | tail -n 1)
+    [ -z "$failed" ] || echo "$failed"
+}
 
-# verdict TEST FILTER: the test's word on the defect that stands in the tree.
+prepare() {
+    [ -d "$tree" ] || git clone -q --shared --no-checkout "$root" "$tree"
+    state=$(git -C "$root" stash create) # the work tree as a commit, if it differs from the last one
+    git -C "$tree" reset -q --hard "${state:-$(git -C "$root" rev-parse HEAD)}"
+    git -C "$tree" clean -q -d -f
+    launcher=
+    command -v ccache >/dev/null && launcher=-DCMAKE_CXX_COMPILER_LAUNCHER=ccache
+    # shellcheck disable=SC2086 # a word or none
+    step 300 cmake -G Ninja -S "$tree" -B "$build" $launcher -DORU_TOOLS=ON -DORU_TESTS=ON -DORU_BENCH=OFF \
+        -DORU_WERROR=OFF -DCMAKE_LINK_DEPENDS_NO_SHARED=ON || die 'could not configure'
+}
+
+choose() { # [NAME...]: the rows to run
+    grep -v '^#' "$here/defects.txt" >"$folder/all"
+    [ $# != 0 ] || cat "$folder/all"
+    for name in "$@"; do
+        grep "^$name$tab" "$folder/all" || { echo "planted: no defect $name" >&2; exit 1; }
+    done
+}
+
+# Without a defect everything named builds and passes, or every defect would count as caught.
+check_clean() {
+    # shellcheck disable=SC2046 # words on purpose
+    build $(cut -f 3 "$folder/rows" | sort -u) || die 'does not build without a defect'
+    cut -f 3,4 "$folder/rows" | sort -u >"$folder/cases"
+    while IFS=$tab read -r test filter; do
+        cases "$test" "$filter" || die "no cases $filter of $test that pass without a defect"
+    done <"$folder/cases"
+}
+
+# The suite is asked for what its row's cases let pass, when it is green itself.
+suite_is_green=
+check_suite() {
+    [ -z "$suite_is_green" ] || return 0
+    build || die 'does not build without a defect'
+    suite || die 'the suite fails without a defect'
+    suite_is_green=yes
+}
+
+plant() { # FILE CHANGE
+    sed -i "$2" "$tree/$1" 2>/dev/null
+    ! git -C "$tree" diff --quiet -- "$1"
+}
+
+# verdict FILE TEST CASES CHANGE: what the tests say of one defect.
 verdict() {
-    if git diff --quiet; then echo 'not planted, no such text'
-    elif ! build oruAsf oruSdk "$1"; then echo 'not planted, does not build'
-    elif run "$1" "$2"; then echo 'NOT CAUGHT'
-    else echo caught
+    plant "$1" "$4" || { echo 'ERROR: no such text'; return; }
+    build "$2" || { echo 'ERROR: does not build'; return; }
+    if cases "$2" "$3"; then
+        git -C "$tree" checkout -q -- "$1"
+        check_suite
+        plant "$1" "$4"
+        build || { echo 'ERROR: does not build'; return; }
+        if suite; then echo SURVIVED; return; fi
+        by=$(culprit)
+        echo "caught by ${by:-?} instead of $3"
+    elif by=$(culprit); [ -n "$by" ]; then
+        echo "caught by $by"
+    else
+        echo 'ERROR: its cases did not run'
     fi
 }
 
-all=0
-caught=0
+[ -n "${TMPDIR:-}" ] || [ ! -w /dev/shm ] || export TMPDIR=/dev/shm
+prepare
+choose "$@" >"$folder/rows"
+check_clean
+: >"$folder/results"
 while IFS=$tab read -r name file test filter change; do
-    sed -i "$change" "$file"
-    result=$(verdict "$test" "$filter")
-    git checkout -q .
-    echo "$result: $name"
-    all=$((all + 1))
-    [ "$result" != caught ] || caught=$((caught + 1))
-done <"$work/defects"
-echo "planted defects: $caught of $all caught"
-[ "$caught" = "$all" ]
+    verdict "$file" "$test" "$filter" "$change" >"$folder/result"
+    git -C "$tree" checkout -q -- "$file"
+    echo "$name: $(cat "$folder/result")"
+    cat "$folder/result" >>"$folder/results"
+done <"$folder/rows"
+
+count() { grep -c "^$1" "$folder/results" || :; }
+echo "$(count '') planted, $(count caught) caught, $(count SURVIVED) survived, $(count ERROR) errors"
+[ "$(count '')" = "$(count caught)" ]
