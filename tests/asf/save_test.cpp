@@ -564,6 +564,27 @@ TEST_F(SaveTogether, WithOneWhoseLockAForkedChildStillHoldsDoesNotWaitForTheChil
     ::waitpid(child, nullptr, 0);
 }
 
+TEST_F(SaveTogether, WithOthersHasTheTemporaryFileForItselfWhileItWrites)
+{
+    // A file that gets too large for the user raises a signal within the write.
+    static string temporary;
+    static bool alone;
+    temporary = box.at(kLeftOver);
+    EXPECT_EQ(inChild([] {
+                  ::signal(SIGXFSZ, [](int) {
+                      const int other = ::open(temporary.c_str(), O_RDONLY | O_CLOEXEC);
+                      alone = ::flock(other, LOCK_SH | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+                      ::close(other);
+                  });
+                  const rlimit limit{4096, 4096};
+                  if (::setrlimit(RLIMIT_FSIZE, &limit) != 0) return kNotHere;
+                  if (saveValue(string(5000, 'x')) != 1) return 1;
+                  return alone ? 0 : 2;
+              }),
+              0);
+    expectUntouched();
+}
+
 TEST_F(SaveTogether, OfRootAndTheFilesOwnUserSucceedsForBoth)
 {
     if (::geteuid() != 0) GTEST_SKIP() << "needs root and another user";
