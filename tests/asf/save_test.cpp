@@ -44,6 +44,12 @@ int saveValue(const string &value, const char *from = kFile, const char *to = kF
     return oruAsfDictSave(dict, to) == 0 ? 0 : 1;
 }
 
+void leave(const string &path, const string &text, mode_t mode)
+{
+    std::ofstream{path} << text;
+    EXPECT_EQ(::chmod(path.c_str(), mode), 0);
+}
+
 size_t openDescriptors()
 {
     namespace fs = std::filesystem;
@@ -312,25 +318,13 @@ TEST_F(SaveLeftOver, GoesWithTheNextSave)
         const char *reason;
         void (*leave)(const string &path);
     } rows[] = {
-        {"empty, as a save begins", [](const string &path) { std::ofstream{path}; }},
-        {"with text", [](const string &path) { std::ofstream{path} << "key=half"; }},
+        {"empty, as a save begins", [](const string &path) { leave(path, "", 0600); }},
+        {"with text", [](const string &path) { leave(path, "key=half", 0600); }},
         {"longer than the new text",
-         [](const string &path) { std::ofstream{path} << string(9999, 'x'); }},
-        {"read-only",
-         [](const string &path) {
-             std::ofstream{path} << "x";
-             ::chmod(path.c_str(), 0400);
-         }},
-        {"without any right",
-         [](const string &path) {
-             std::ofstream{path};
-             ::chmod(path.c_str(), 0);
-         }},
-        {"readable by all, which ours never is",
-         [](const string &path) {
-             std::ofstream{path};
-             ::chmod(path.c_str(), 0666);
-         }},
+         [](const string &path) { leave(path, string(9999, 'x'), 0600); }},
+        {"read-only", [](const string &path) { leave(path, "x", 0400); }},
+        {"without any right", [](const string &path) { leave(path, "", 0); }},
+        {"readable by all, which ours never is", [](const string &path) { leave(path, "", 0666); }},
         {"a link to a file",
          [](const string &path) { EXPECT_EQ(::symlink("victim", path.c_str()), 0); }},
         {"a link to nothing",

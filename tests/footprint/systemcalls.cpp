@@ -33,6 +33,9 @@ std::string nameOf(uint64_t number)
         {SYS_fchmod, "chmod"},
         {SYS_geteuid, "geteuid"},
         {SYS_unlinkat, "unlink"},
+#if defined(SYS_rename)
+        {SYS_rename, "rename"},
+#endif
 #if defined(SYS_renameat)
         {SYS_renameat, "rename"},
 #endif

@@ -1,4 +1,6 @@
 // Changes are whole, and never over those of somebody else.
+#include "footprint/systemcalls.hpp"
+#include "install.hpp"
 #include "oruSdk.h"
 #include "support/reply.hpp"
 #include "tools/oructl_run.hpp"
@@ -135,6 +137,25 @@ TEST_F(TransactionTest, AnInterruptedInstallIsFinishedByTheNextOne)
     EXPECT_EQ(value(kAa, "bss0.macAuthType"), "2");
     for (const char *folder : {"install", "install.new", "install.done"})
         EXPECT_FALSE(fs::exists(root() + "/var/oructl/" + folder)) << folder;
+}
+
+TEST_F(TransactionTest, APromiseIsDurableBeforeItIsKept)
+{
+    const std::vector<oructl::NewFile> both = {{0, root(), kWsm}, {1, root(), kAa}};
+    {
+        Lock lock;
+        ASSERT_FALSE(lock.take(0));
+    }
+    std::vector<std::string> calls = systemCallsOf([&] { EXPECT_TRUE(oructl::install(both)); });
+    if (calls.empty()) GTEST_SKIP() << "this machine traces no processes for the tests";
+    std::erase_if(calls, [](const auto &call) { return call != "fsync" && call != "rename"; });
+    const std::vector<std::string> copy = {"fsync", "rename", "fsync"};
+    std::vector<std::string> promise = copy;
+    promise.insert(promise.end(), copy.begin(), copy.end());
+    promise.insert(promise.end(), copy.begin(), copy.end()); // the folder, its name, that name
+    ASSERT_GT(calls.size(), promise.size());
+    calls.resize(promise.size());
+    EXPECT_EQ(calls, promise);
 }
 
 TEST_F(TransactionTest, WhatWasNotPromisedIsDropped)

@@ -1,0 +1,75 @@
+// Which file was read, in which state.
+#include "asf/file.hpp"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+
+using oru::FileState;
+
+namespace {
+
+timespec timeAt(int64_t ns)
+{
+    constexpr int64_t kSecond = 1'000'000'000;
+    const int64_t all = 1'000'000 * kSecond + ns;
+    return {all / kSecond, all % kSecond};
+}
+
+struct stat statusAt(int64_t ns)
+{
+    struct stat status {};
+    status.st_dev = 1;
+    status.st_ino = 2;
+    status.st_size = 3;
+    status.st_ctim = timeAt(ns);
+    return status;
+}
+
+} // namespace
+
+TEST(FileState, CountsOfAFileThatHadBeenAtRest)
+{
+    constexpr int64_t kMs = 1'000'000;
+    const struct {
+        int64_t changed;
+        int64_t readAfter;
+        bool holds;
+        const char *reason;
+    } rows[] = {
+        {0, 0, false, "within the tick of its change"},
+        {0, 10 * kMs, false, "at the next tick of a slow clock"},
+        {0, 50 * kMs, false, "at the limit"},
+        {0, 51 * kMs, true, "behind it"},
+        {970 * kMs, 40 * kMs, false, "short of the limit, in the next second"},
+        {970 * kMs, 60 * kMs, true, "behind the limit, in the next second"},
+        {0, 3'600'000 * kMs, true, "much later"},
+        {0, -500 * kMs, false, "before its change, by a clock that was set back"},
+        {0, -3'600'000 * kMs, false, "long before its change"},
+    };
+    for (const auto &row : rows) {
+        const struct stat status = statusAt(row.changed);
+        const FileState state{status, timeAt(row.changed + row.readAfter)};
+        EXPECT_TRUE(state.resembles(status)) << row.reason;
+        EXPECT_EQ(state.stillHolds(status), row.holds) << row.reason;
+    }
+}
+
+TEST(FileState, IsThatOfOneFileUntilItChanges)
+{
+    const struct stat status = statusAt(0);
+    const FileState state{status, timeAt(5'000'000'000)};
+    EXPECT_TRUE(state.stillHolds(status));
+    struct stat other = status;
+    other.st_dev = 9;
+    EXPECT_FALSE(state.stillHolds(other)) << "another disk";
+    other = status;
+    other.st_ino = 9;
+    EXPECT_FALSE(state.stillHolds(other)) << "another file";
+    other = status;
+    other.st_size = 9;
+    EXPECT_FALSE(state.stillHolds(other)) << "another size";
+    EXPECT_FALSE(state.stillHolds(statusAt(1))) << "a nanosecond later";
+    EXPECT_FALSE(state.stillHolds(statusAt(1'000'000'000))) << "a second later";
+    EXPECT_FALSE(FileState{}.stillHolds(status)) << "no file";
+}
