@@ -59,7 +59,7 @@ die() {
 
 # The first test that the log says failed, which one that could not be started did not.
 culprit() {
-    sed -n '/tests FAILED:$/,$ {/(Not Run)$/d; s/^[[:space:]]*[0-9]* - \(.*\) (.*)$/\1/p}' "$log" | head -n 1
+    sed -n '/tests FAILED:$/,$ {/(Not Run)$/d; s/^[[:space:]]*[0-9]* - \([^ ]*\).*(.*)$/\1/p}' "$log" | head -n 1
 }
 
 prepare() {
