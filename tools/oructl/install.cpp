@@ -25,6 +25,28 @@ bool installPromised()
     return true;
 }
 
+/// Takes the promise back when nothing of it is in place: a change that failed is not made later.
+void withdrawPromise()
+{
+    const std::string root = rootFolder();
+    for (size_t i = 0; i < kConfigurationFiles.size(); ++i)
+        if (const auto promised = readFile(root + copyIn(kPromised, i));
+            promised && promised == readFile(root + kConfigurationFiles[i]))
+            return;
+    if (renameOwn(kPromised, kKept)) removeFolder(root + kKept);
+}
+
+bool putTogether(const std::vector<NewFile> &files)
+{
+    if (copyFiles(files, kGathering) && renameOwn(kGathering, kPromised) && finishInstall())
+        return true;
+    const int error = errno;
+    removeFolder(rootFolder() + kGathering);
+    if (isPromised()) withdrawPromise();
+    errno = error;
+    return false;
+}
+
 } // namespace
 
 std::string copyIn(const std::string &folder, size_t file)
@@ -49,7 +71,7 @@ bool finishInstall()
     const std::string root = rootFolder();
     removeFolder(root + kGathering);
     removeFolder(root + kKept);
-    if (!existsBelowRoot(kPromised)) return true;
+    if (!isPromised()) return true;
     if (!installPromised() || !renameOwn(kPromised, kKept)) return false;
     removeFolder(root + kKept);
     return true;
@@ -72,7 +94,12 @@ bool install(const std::vector<NewFile> &files)
     if (files.size() == 1)
         return copyDictionary(files[0].root, files[0].path, root,
                               kConfigurationFiles[files[0].file]);
-    return copyFiles(files, kGathering) && renameOwn(kGathering, kPromised) && finishInstall();
+    return putTogether(files);
+}
+
+bool isPromised()
+{
+    return existsBelowRoot(kPromised);
 }
 
 } // namespace oructl

@@ -18,8 +18,12 @@ struct NewFile {
     std::string path;
 };
 
-/// Puts files in place below the root folder. The lock is held.
+/// Puts files in place below the root folder. The lock is held. What failed is undone; but once a
+/// first file is in place, all of them are promised, and whoever takes the lock next goes on.
 bool install(const std::vector<NewFile> &files);
+
+/// Whether files are still to be put in place.
+bool isPromised();
 
 /// Finishes what a killed oructl had promised to put in place. The lock is held.
 bool finishInstall();

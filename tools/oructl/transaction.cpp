@@ -113,8 +113,11 @@ std::optional<Trouble> Transaction::finish(bool force)
             return Trouble{kConflict, std::string{file} + " was changed meanwhile",
                            "nothing is stored; try again, or overwrite with --force"};
     }
-    if (kind_ == Kind::Real && !put(changed)) return systemTrouble("store the change", errno);
-    return std::nullopt;
+    if (kind_ != Kind::Real || put(changed)) return std::nullopt;
+    Trouble trouble = systemTrouble("store the change", errno);
+    if (isPromised())
+        trouble.detail = "a part is stored; the next change or commit stores the rest";
+    return trouble;
 }
 
 bool Transaction::put(const std::vector<size_t> &files) const
