@@ -128,6 +128,22 @@ bool Disk::cut(Cut how) const
     return ::ioctl(root, kShutdown, &flag) == 0;
 }
 
+bool Disk::fill(size_t leave) const
+{
+    const int file = ::open(filler().c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
+    const std::string block(1024, 'x');
+    off_t size = 0;
+    while (::write(file, block.data(), block.size()) == 1024) size += 1024;
+    const bool full =
+        ::ftruncate(file, size - static_cast<off_t>(leave * 1024)) == 0 && ::fsync(file) == 0;
+    return ::close(file) == 0 && full;
+}
+
+bool Disk::free() const
+{
+    return ::unlink(filler().c_str()) == 0;
+}
+
 bool Disk::sync() const
 {
     const File root{folder_, O_RDONLY | O_DIRECTORY};

@@ -37,10 +37,17 @@ public:
     /// Cuts the power of the mounted disk. What follows fails until it is mounted again.
     [[nodiscard]] bool cut(Cut how) const;
 
+    /// Fills the mounted disk with a file, up to what is left of so many blocks of 1 KiB.
+    [[nodiscard]] bool fill(size_t leave) const;
+    /// Removes that file.
+    [[nodiscard]] bool free() const;
+
     /// Everything so far is on the disk.
     [[nodiscard]] bool sync() const;
 
 private:
+    [[nodiscard]] std::string filler() const { return folder_ + "/filler"; }
+
     std::string place_;
     std::string folder_;
     std::string trouble_;

@@ -98,19 +98,6 @@ protected:
             GTEST_SKIP() << "this machine mounts no disks for the tests: " << disk_->trouble();
         ASSERT_TRUE(disk_->mount()) << disk_->trouble();
         std::filesystem::remove_all(box_.at("/var/lost+found"));
-        filler_ = box_.at("/var/filler");
-    }
-
-    /// Fills the disk up to what is left of so many blocks.
-    void leaveBlocks(size_t blocks) const
-    {
-        const int file = ::open(filler_.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
-        const string block(1024, 'x');
-        off_t size = 0;
-        while (::write(file, block.data(), block.size()) == 1024) size += 1024;
-        ASSERT_EQ(::ftruncate(file, size - static_cast<off_t>(blocks * 1024)), 0);
-        ASSERT_EQ(::fsync(file), 0);
-        ::close(file);
     }
 
     /// A long text and a short one beside each number of free blocks.
@@ -125,9 +112,9 @@ protected:
                              " blocks");
                 const string value(size > 20 ? size - textOf("").size() : 1, 'n');
                 box_.write(kFile, textOf("old"));
-                leaveBlocks(left);
+                ASSERT_TRUE(disk_->fill(left));
                 const bool good = saveValue(value) == 0;
-                ASSERT_EQ(::unlink(filler_.c_str()), 0);
+                ASSERT_TRUE(disk_->free());
                 expectHoldsAlone(textOf(good ? value : "old"));
                 EXPECT_EQ(saveValue("the next"), 0);
                 ++(good ? saved : refused);
@@ -138,7 +125,6 @@ protected:
                     refused, saved);
     }
 
-    string filler_;
     std::unique_ptr<Disk> disk_; // unmounted before the folder goes
 };
 
@@ -179,7 +165,7 @@ TEST_F(FullBlocks, WithoutAFreeInodeLeaveWholeFiles)
     box_.write(kFile, textOf("old"));
     int files = 0;
     for (;; ++files) {
-        const string path = filler_ + std::to_string(files);
+        const string path = box_.at("/var/") + std::to_string(files);
         const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600);
         if (file < 0) break;
         ::close(file);
@@ -189,7 +175,7 @@ TEST_F(FullBlocks, WithoutAFreeInodeLeaveWholeFiles)
     EXPECT_EQ(saveValue("new"), -1);
     EXPECT_EQ(box_.read(kFile), textOf("old"));
     EXPECT_EQ(box_.names("/var").size(), before);
-    ASSERT_EQ(::unlink((filler_ + "0").c_str()), 0);
+    ASSERT_EQ(::unlink(box_.at("/var/0").c_str()), 0);
     EXPECT_EQ(saveValue("new"), 0);
     EXPECT_EQ(box_.read(kFile), textOf("new"));
 }

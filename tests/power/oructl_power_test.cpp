@@ -72,6 +72,30 @@ TEST_F(OructlPowerCut, ASetOfTwoFilesIsWholeOrUndone)
     });
 }
 
+TEST_F(OructlPowerCut, OnAFullDiskASetOfTwoFilesSaysWhatIsStored)
+{
+    const Arguments two = {"set", "security", "0", "wpa2", "psk"};
+    ASSERT_EQ(run(two).exit, 0);
+    const Configuration after = stored();
+    size_t refused = 0;
+    size_t saved = 0;
+    for (size_t left = 0; left <= 12; left += killStride(2)) {
+        SCOPED_TRACE(left);
+        restore();
+        ASSERT_TRUE(disk_.fill(left));
+        const int exit = run(two).exit;
+        EXPECT_FALSE(has("install") || has("install.new"));
+        EXPECT_EQ(stored(), exit == 0 ? after : new_);
+        ASSERT_TRUE(disk_.free());
+        EXPECT_EQ(run({"commit", "radio"}).exit, 4) << "there are no services";
+        EXPECT_EQ(stored(), exit == 0 ? after : new_) << "and stays so";
+        ++(exit == 0 ? saved : refused);
+    }
+    EXPECT_GT(refused, 0u);
+    EXPECT_GT(saved, 0u);
+    std::printf("torture: oructl set on a full disk: %zu refused, %zu saved\n", refused, saved);
+}
+
 TEST_F(OructlPowerCut, ATrialIsTakenBackOrHasNotBegun)
 {
     cutEverywhere({"commit", "--confirm", "600"}, 41, [&](KilledAt killed) {
