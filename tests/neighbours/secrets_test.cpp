@@ -166,7 +166,7 @@ TEST_F(Secrets, OfACarelessWriterAreSeen)
 
 TEST_F(Secrets, AreNotSeenDuringSaves)
 {
-    const size_t count = often(300, 10'000);
+    const size_t count = often(60, 10'000);
     const Spy spy{root()};
     for (size_t i = 0; i < count; ++i) {
         saveSecret(i);

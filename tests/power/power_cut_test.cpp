@@ -259,22 +259,22 @@ string textOf(const string &value)
 
 TEST_F(PowerCut, LeavesTheOldTextOrTheNewOneWhole)
 {
-    expectInOrderAfterCuts({textOf("old"), {saver("new")}}, 14);
+    expectInOrderAfterCuts({textOf("old"), {saver("new")}}, 19);
 }
 
 TEST_F(PowerCut, LeavesALongTextWhole)
 {
-    expectInOrderAfterCuts({textOf(string(3000, 'o')), {saver(string(9000, 'n'))}}, 14);
+    expectInOrderAfterCuts({textOf(string(3000, 'o')), {saver(string(9000, 'n'))}}, 19);
 }
 
 TEST_F(PowerCut, LeavesANewFileWholeOrNone)
 {
-    expectInOrderAfterCuts({std::nullopt, {[] { return saveValue("new", "/other"); }}}, 14);
+    expectInOrderAfterCuts({std::nullopt, {[] { return saveValue("new", "/other"); }}}, 19);
 }
 
 TEST_F(PowerCut, LeavesTheLastOfSeveralSavesThatWereAcknowledged)
 {
-    expectInOrderAfterCuts({textOf("old"), {saver("first"), saver("second"), saver("third")}}, 30);
+    expectInOrderAfterCuts({textOf("old"), {saver("first"), saver("second"), saver("third")}}, 41);
 }
 
 namespace {
@@ -345,7 +345,7 @@ TEST_F(PowerCut, LeavesWhatASetterHasStored)
 {
     std::ifstream factory{ORU_SOURCE_DIR "/share/wsmDefaults.orig"};
     const string text{std::istreambuf_iterator<char>{factory}, {}};
-    expectInOrderAfterCuts({text, {[] { return setMimo(0); }, [] { return setMimo(1); }}}, 30);
+    expectInOrderAfterCuts({text, {[] { return setMimo(0); }, [] { return setMimo(1); }}}, 41);
 }
 
 TEST_F(PowerCut, GivesCarelessWritersAwayAndCarefulOnesNot)
