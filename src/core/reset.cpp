@@ -5,6 +5,7 @@
 #include "core/store.hpp"
 #include "oruSdk.h"
 
+#include <cerrno>
 #include <cstdlib>
 
 namespace oru {
@@ -186,10 +187,20 @@ uint32_t copyBss(const Files &aa, const Files &wsm, int32_t bss)
 
 /// Runs one of two shell commands: below ORU_ROOT the folder reaches the shell through the
 /// environment, never as text of the command.
-bool run(const char *command, const char *commandBelowRoot)
+int run(const char *command, const char *commandBelowRoot)
 {
     const char *root = ::secure_getenv("ORU_ROOT");
-    return std::system(root == nullptr || root[0] == '\0' ? command : commandBelowRoot) == 0;
+    errno = 0;
+    return std::system(root == nullptr || root[0] == '\0' ? command : commandBelowRoot);
+}
+
+/// Whether a file was copied by a command with this status. A program that ignores its children, or
+/// takes all of them, leaves no status to be had: what the command did or did not do is done again.
+bool isCopied(int status, const char *factory, const char *current)
+{
+    if (status != -1 || errno != ECHILD) return status == 0;
+    const Dict dict{factory};
+    return dict && oruAsfDictSave(dict, current) == 0;
 }
 
 } // namespace
@@ -201,11 +212,13 @@ extern "C" {
 
 uint32_t oruSdkResetToDefaults()
 {
-    if (!run("cp /var/wsmDefaults.orig /var/wsmDefaults",
-             R"(cp -- "$ORU_ROOT/var/wsmDefaults.orig" "$ORU_ROOT/var/wsmDefaults")"))
+    const int radio = run("cp /var/wsmDefaults.orig /var/wsmDefaults",
+                          R"(cp -- "$ORU_ROOT/var/wsmDefaults.orig" "$ORU_ROOT/var/wsmDefaults")");
+    if (!isCopied(radio, kRadioFactoryFile, kRadioFile))
         return fail(ORUSDK_RC_FILE_COPY, "Failed to copy configuration file %s", kRadioFile);
-    if (!run("cp /var/1x.conf.orig /var/1x.conf",
-             R"(cp -- "$ORU_ROOT/var/1x.conf.orig" "$ORU_ROOT/var/1x.conf")"))
+    const int security = run("cp /var/1x.conf.orig /var/1x.conf",
+                             R"(cp -- "$ORU_ROOT/var/1x.conf.orig" "$ORU_ROOT/var/1x.conf")");
+    if (!isCopied(security, kSecurityFactoryFile, kSecurityFile))
         return fail(ORUSDK_RC_FILE_COPY, "Failed to copy configuration file %s", kSecurityFile);
     return ORUSDK_RC_OK;
 }
