@@ -54,7 +54,7 @@ void pushToDriver(int32_t ethNumber, int32_t portVlan)
     writeDecimal(request.ifr_name + 3, ethNumber);
     request.ifr_data = reinterpret_cast<char *>(&record);
 
-    const int descriptor = socket(AF_INET, SOCK_STREAM, 0);
+    const int descriptor = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
     if (descriptor < 0 || ioctl(descriptor, SIOCDEVPRIVATE, &request) < 0) {
         const int error = errno;
         logError("Ioctl failed for %s errno %d", request.ifr_name, error);
