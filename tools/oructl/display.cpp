@@ -93,6 +93,13 @@ std::string quotedText(std::string_view text, Charset charset)
     return out += '"';
 }
 
+size_t harmlessSize(std::string_view text)
+{
+    const Letter letter = firstLetter(text);
+    const bool control = letter.code < 0x20 || (letter.code >= 0x7F && letter.code < 0xA0);
+    return control ? 0 : letter.size;
+}
+
 size_t displayWidth(std::string_view text)
 {
     size_t columns = 0;

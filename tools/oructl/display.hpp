@@ -17,6 +17,9 @@ Charset charsetOfEnvironment();
 /// backslashes too: no text moves a cursor, changes colours or reverses a line.
 std::string quotedText(std::string_view text, Charset charset);
 
+/// Bytes of a text's first character; 0 when they are no UTF-8, or make a control character.
+size_t harmlessSize(std::string_view text);
+
 /// Columns of a terminal that a text without control characters takes.
 size_t displayWidth(std::string_view text);
 

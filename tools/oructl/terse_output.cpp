@@ -1,18 +1,26 @@
 #include "terse_output.hpp"
 
+#include "display.hpp"
+
+#include <algorithm>
+
 namespace oructl {
 namespace {
 
+/// Whole characters stay as they are. Bytes that make none, and those that a terminal would obey,
+/// become escapes.
 std::string escaped(std::string_view text)
 {
     std::string out;
-    for (const char letter : text) {
-        const auto byte = static_cast<unsigned char>(letter);
+    while (!text.empty()) {
+        const char letter = text[0];
+        const size_t size = std::max<size_t>(harmlessSize(text), 1);
         if (letter == '\t') out += "\\t";
         else if (letter == '\n') out += "\\n";
         else if (letter == '\\') out += "\\\\";
-        else if (byte < 0x20 || byte == 0x7f) out.append("\\x").append(hexOf({&letter, 1}));
-        else out += letter;
+        else if (harmlessSize(text) == 0) out.append("\\x").append(hexOf({&letter, 1}));
+        else out += text.substr(0, size);
+        text.remove_prefix(size);
     }
     return out;
 }
