@@ -14,6 +14,12 @@ function(oru_part name needs found)
     endif()
 endfunction()
 
+# The loader finds by itself what belongs to the system. Under another prefix the files look beside
+# themselves.
+if(CMAKE_INSTALL_PREFIX STREQUAL /usr)
+    set(CMAKE_SKIP_INSTALL_RPATH ON)
+endif()
+
 # Times and places in files have 64 bits everywhere; where that is no choice, it already is so.
 if(CMAKE_SIZEOF_VOID_P EQUAL 4)
     add_compile_definitions(_FILE_OFFSET_BITS=64 _TIME_BITS=64)

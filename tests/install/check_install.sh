@@ -13,6 +13,12 @@ cmake --build "$work/build" --parallel 2
 cmake --install "$work/build" --prefix "$work/prefix"
 # Moved, to see that nothing depends on where it was installed.
 mv "$work/prefix" "$work/moved"
+for library in $(find "$work/moved" -name 'lib*.so'); do
+    [ "$(readelf -dW "$library" | sed -n 's/.*runpath: //p')" = '[$ORIGIN]' ] || {
+        echo "$library looks for libraries elsewhere than beside itself"
+        exit 1
+    }
+done
 
 cmake -S "$sources/tests/install/consumer" -B "$work/consumer" -DCMAKE_PREFIX_PATH="$work/moved"
 cmake --build "$work/consumer"
