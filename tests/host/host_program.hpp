@@ -44,7 +44,9 @@ inline std::vector<Operation> sampled()
 inline string readAll(const string &path)
 {
     std::ifstream file{path, std::ios::binary};
-    return {std::istreambuf_iterator<char>{file}, {}};
+    std::ostringstream text;
+    text << file.rdbuf();
+    return text.str();
 }
 
 /// What a run of an operation left: its code, the files, and the log.
