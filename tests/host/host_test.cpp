@@ -241,24 +241,6 @@ TEST_F(HostProgram, SurvivesServicesThatHangUp)
     std::printf("torture: host programs, services that hang up: %zu runs\n", runs);
 }
 
-TEST_F(HostProgram, AConnectionThatEndedRaisesNoSignal)
-{
-    services.reset();
-    const RudeService wsm{port, false};
-    ASSERT_TRUE(wsm.ready());
-    EXPECT_EQ(inChild([] {
-                  ::signal(SIGPIPE, SIG_DFL);
-                  OruAsfIpc *ipc = oruAsfIpcOpen(2, 1, 0);
-                  if (oruAsfIpcConnect(ipc, "localhost", port, vers) != 0) return 1;
-                  char byte = 0;
-                  oruAsfIpcCheck(ipc, 20000); // until the service has hung up
-                  const int32_t sent = oruAsfIpcSend(ipc, &byte, 1);
-                  oruAsfIpcClose(ipc);
-                  return sent == -1 ? 0 : 2;
-              }),
-              0);
-}
-
 namespace {
 
 struct Reaper {

@@ -8,6 +8,7 @@
 #include <fstream>
 #include <set>
 #include <sys/ptrace.h>
+#include <sys/socket.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -73,9 +74,12 @@ public:
         atStart_ = descriptors();
     }
 
-    void onEntry(long number, uint64_t first)
+    void onEntry(long number, const uint64_t (&arguments)[6])
     {
+        const uint64_t first = arguments[0];
         ++seen.calls;
+        if (number == SYS_sendto && (arguments[3] & MSG_NOSIGNAL) == 0)
+            wrong("sends what may raise SIGPIPE");
         for (const Forbidden &row : kForbidden)
             if (row.number == number && !(mayRunPrograms_ && row.startsPrograms))
                 wrong(std::string{"calls "} + row.name);
@@ -173,7 +177,7 @@ Watched watch(const std::function<void()> &prepare, const std::function<int()> &
         if (info.op == PTRACE_SYSCALL_INFO_EXIT) watcher.onReturn();
         if (info.op != PTRACE_SYSCALL_INFO_ENTRY) continue;
         if (static_cast<long>(info.entry.nr) == kEnd) atWork = false;
-        else watcher.onEntry(static_cast<long>(info.entry.nr), info.entry.args[0]);
+        else watcher.onEntry(static_cast<long>(info.entry.nr), info.entry.args);
     }
     watcher.seen.code = WIFEXITED(status) ? WEXITSTATUS(status) : 1000 + WTERMSIG(status);
     return watcher.seen;

@@ -16,8 +16,8 @@ struct Watched {
 /// Runs work() in a child, and looks at every system call that it makes: none may use a descriptor
 /// of the standard streams that it opened itself, leave an open descriptor to programs that are
 /// started meanwhile, or change what belongs to the process (its mask, folder, signals, identity,
-/// limits, timers) or end it. Programs that the work starts are not watched. No call seen: this
-/// machine lets nobody watch.
+/// limits, timers), signal it or end it. Programs that the work starts are not watched. No call
+/// seen: this machine lets nobody watch.
 Watched watch(const std::function<void()> &prepare, const std::function<int()> &work,
               bool mayRunPrograms);
 
