@@ -81,7 +81,7 @@ std::optional<string> stored(const string &file, const string &key)
     return found;
 }
 
-class Values : public HostProgram {
+class HostileTexts : public HostProgram {
 protected:
     /// Lines at the end count more than earlier ones of the same key.
     std::map<string, string> prepare(const string &settings) const
@@ -179,7 +179,7 @@ std::set<string> textsOfTheHeader()
 
 } // namespace
 
-TEST_F(Values, EveryTextThatTheHeaderTakesIsInTheTable)
+TEST_F(HostileTexts, EveryTextThatTheHeaderTakesIsInTheTable)
 {
     std::set<string> listed;
     for (const TextSetter &row : textSetters()) listed.insert(row.name);
@@ -188,7 +188,7 @@ TEST_F(Values, EveryTextThatTheHeaderTakesIsInTheTable)
     EXPECT_GE(hostileTexts().size(), 200U);
 }
 
-TEST_F(Values, TortureTextsAreRefusedOrStoredAsTheyAreAndNowhereElse)
+TEST_F(HostileTexts, TortureTextsAreRefusedOrStoredAsTheyAreAndNowhereElse)
 {
     const auto texts = sampledTexts(9);
     for (const TextSetter &row : textSetters()) {
@@ -204,7 +204,7 @@ TEST_F(Values, TortureTextsAreRefusedOrStoredAsTheyAreAndNowhereElse)
     EXPECT_GT(inLog, 10U);
 }
 
-TEST_F(Values, TortureStoredTextsFitWhereTheHeaderPromises)
+TEST_F(HostileTexts, TortureStoredTextsFitWhereTheHeaderPromises)
 {
     size_t runs = 0;
     size_t given = 0;
@@ -233,7 +233,7 @@ TEST_F(Values, TortureStoredTextsFitWhereTheHeaderPromises)
     EXPECT_GT(given, runs / 4);
 }
 
-TEST_F(Values, NothingReachesTheShellOfAReset)
+TEST_F(HostileTexts, NothingReachesTheShellOfAReset)
 {
     const string folder = box.at("/$(touch pwned);'\"`touch pwned` %s%n");
     const string root = box.root();
