@@ -110,7 +110,7 @@ public:
     Temporary(int folder, const Target &target) : folder_(folder), target_(target)
     {
         const int length = std::snprintf(name_, sizeof name_, ".%s.new", target.name());
-        if (length <= 0 || static_cast<size_t>(length) >= sizeof name_) return;
+        if (static_cast<size_t>(length) >= sizeof name_) return;
 
         constexpr int kMostTurns = 100000;
         for (int turn = 0; turn < kMostTurns; ++turn) {
