@@ -206,7 +206,8 @@ OruAsfIpc *oruAsfIpcOpen(int32_t /*family*/, int32_t /*type*/, int32_t /*protoco
 int32_t oruAsfIpcConnect(OruAsfIpc *ipc, const char *host, uint32_t port, uint32_t version)
 {
     if (ipc == nullptr || host == nullptr || std::strcmp(host, "localhost") != 0) return -1;
-    return connectTo(ipc->socket, Address{port, version}) && isTrusted(ipc->socket) ? 0 : -1;
+    const Address address{port, version};
+    return connectTo(ipc->socket, address) && isTrusted(ipc->socket) ? 0 : -1;
 }
 
 int32_t oruAsfIpcSend(OruAsfIpc *ipc, const void *message, uint32_t length)
