@@ -43,6 +43,8 @@ bool librariesOnly;
 Range ranges[kMostRanges];
 int rangeCount;
 void (*service_)();
+std::function<void()> meanwhile_;
+int meanwhileAt; // 0: where the fault is
 
 // Blocks that are still allocated.
 int blockCount;
@@ -73,14 +75,25 @@ bool isWatched(const void *caller)
     return armed && librariesOnly && isLibrary(caller);
 }
 
+void letHappen()
+{
+    if (!meanwhile_) return;
+    armed = false;
+    meanwhile_();
+    armed = true;
+}
+
 /// Notes a call. True when it meets its fault, with errno set where that is a failure.
 bool strikes(const char *name, const void *caller)
 {
     if (!armed || (librariesOnly && !isLibrary(caller))) return false;
     if (callCount < kMostCalls) calls[callCount++] = name;
+    if (callCount == meanwhileAt) letHappen();
     if (only_ != nullptr && std::strcmp(only_, name) != 0) return false;
     if (--countdown != 0 || kind == Faults::Kind::none) return false;
     struck_ = true;
+    if (meanwhileAt == 0) letHappen();
+    if (kind == Faults::Kind::pass) return false;
     if (kind == Faults::Kind::die) ::_exit(9);
     if (kind == Faults::Kind::failOn) {
         only_ = name;
@@ -113,7 +126,9 @@ bool takes(size_t &size)
 const char *nameInLibc(const char *name)
 {
 #if defined(__GLIBC__) && __SIZEOF_LONG__ == 4
-    constexpr std::pair<const char *, const char *> kOthers[] = {{"fstat", "__fstat64_time64"},
+    constexpr std::pair<const char *, const char *> kOthers[] = {{"fcntl", "__fcntl_time64"},
+                                                                 {"setsockopt", "__setsockopt64"},
+                                                                 {"fstat", "__fstat64_time64"},
                                                                  {"fstatat", "__fstatat64_time64"},
                                                                  {"open", "open64"},
                                                                  {"openat", "openat64"}};
@@ -140,6 +155,8 @@ void Faults::arm(Kind what, int n, int error, const char *only)
     struck_ = false;
     callCount = 0;
     lowest = INT_MAX;
+    meanwhile_ = nullptr;
+    meanwhileAt = 0;
     librariesOnly = false;
     armed = true;
 }
@@ -152,6 +169,12 @@ void Faults::armLibraries(Kind what, int n, int error, void (*service)())
     blockCount = 0;
     arm(what, n, error);
     librariesOnly = true;
+}
+
+void Faults::meanwhile(std::function<void()> happens, int call)
+{
+    meanwhile_ = std::move(happens);
+    meanwhileAt = call;
 }
 
 bool Faults::strikes(const char *name, const void *caller)
@@ -280,6 +303,27 @@ INTERPOSE_LIBRARIES(int, getsockopt,
                     (int file, int level, int name, void *value, socklen_t *size) noexcept,
                     (file, level, name, value, size))
 
+INTERPOSE_LIBRARIES(int, setsockopt,
+                    (int file, int level, int name, const void *value, socklen_t size) noexcept,
+                    (file, level, name, value, size))
+INTERPOSE_LIBRARIES(int, bind, (int file, const sockaddr *address, socklen_t size) noexcept,
+                    (file, address, size))
+INTERPOSE_LIBRARIES(int, listen, (int file, int queue) noexcept, (file, queue))
+INTERPOSE_LIBRARIES(int, fchmodat, (int folder, const char *name, mode_t mode, int flags) noexcept,
+                    (folder, name, mode, flags))
+
+// Of its calls, those whose argument is a number, which are all that the libraries make.
+extern "C" int fcntl(int file, int command, ...)
+{
+    static const auto real = next<int (*)(int, int, ...)>("fcntl");
+    va_list values;
+    va_start(values, command);
+    const long argument = va_arg(values, long);
+    va_end(values);
+    return Faults::strikes("fcntl", __builtin_return_address(0)) ? -1
+                                                                 : real(file, command, argument);
+}
+
 // The kernel closes the file even when it reports a failure.
 extern "C" int close(int file)
 {
@@ -297,6 +341,7 @@ extern "C" int poll(pollfd *files, nfds_t count, int waitMs)
     static const auto real = next<int (*)(pollfd *, nfds_t, int)>("poll");
     const void *caller = __builtin_return_address(0);
     if (!isWatched(caller)) return real(files, count, waitMs);
+    if (waitMs < 0) std::abort(); // the libraries never wait for ever
     if (strikes("poll", caller)) return -1;
     armed = false;
     service_();

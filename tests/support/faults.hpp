@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -12,8 +13,8 @@ class Faults {
 public:
     /// What the call in question does. `cut` lets a write end early (a read too, of the
     /// libraries alone), and is no failure; `failOn` fails it and all of its name that follow;
-    /// `full` is what armFullDisk() does.
-    enum class Kind { none, fail, failOn, die, cut, full };
+    /// `pass` only lets meanwhile() happen; `full` is what armFullDisk() does.
+    enum class Kind { none, fail, failOn, die, cut, pass, full };
 
     /// Counts and notes every system call from here to disarm(); the n-th one (1 is the first)
     /// meets its fault. With `only`, just the calls of that name count.
@@ -26,6 +27,10 @@ public:
     /// Writes come to this many bytes; the one that has no room for all of its bytes is cut, and
     /// those that follow fail.
     static void armFullDisk(size_t bytes);
+
+    /// What another process does right before the call in question, or before the `call`-th one
+    /// of all; set after arm().
+    static void meanwhile(std::function<void()> happens, int call = 0);
 
     /// For stand-ins of system calls that stand elsewhere: whether this one fails, with errno set.
     static bool strikes(const char *name, const void *caller);
