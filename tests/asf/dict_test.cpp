@@ -1,5 +1,6 @@
 // Dictionaries, through their operations.
 #include "asf/child.hpp"
+#include "asf/samehash.hpp"
 #include "oruAsf.h"
 #include "support/tempdir.hpp"
 
@@ -310,6 +311,21 @@ TEST_F(DictionaryText, LivesUntilTheDictionaryIsFreed)
     EXPECT_STREQ(text, "first");
 }
 
+TEST_F(DictionaryText, OfAnyLengthStandsAmongOthers)
+{
+    const Dict dict = dictOf("");
+    const size_t sizes[] = {0, 1, 7, 100, 4000, 4080, 4090, 4095, 4096, 5000, 1, 100000, 2};
+    for (int round = 0; round < 3; ++round) {
+        for (const size_t size : sizes)
+            EXPECT_EQ(oruAsfDictSetString(dict.get(), ("k" + std::to_string(size)).c_str(),
+                                          string(size, static_cast<char>('a' + round)).c_str()),
+                      0);
+        for (const size_t size : sizes)
+            EXPECT_EQ(textOf(dict, "k" + std::to_string(size)),
+                      string(size, static_cast<char>('a' + round)));
+    }
+}
+
 TEST_F(DictionaryText, MayBeSetToWhatWasReadFromTheSameDictionary)
 {
     const Dict dict = dictOf("a=first\nb=second\n");
@@ -336,6 +352,40 @@ TEST_F(DictionaryKey, ThatCouldNotBeReadBackIsRefusedAndChangesNothing)
         EXPECT_EQ(oruAsfDictSetString(dict.get(), key.c_str(), nullptr), -1) << key;
         EXPECT_EQ(textOf(dict, key), std::nullopt) << key;
     }
+    EXPECT_EQ(oruAsfDictSave(dict.get(), kFile), 0);
+    EXPECT_EQ(box.read(kFile), text);
+}
+
+TEST_F(DictionaryKey, IsNotTakenForAnotherOfTheSameHash)
+{
+    for (const auto &[one, other] : kSameHash)
+        for (const bool many : {false, true}) {
+            const Dict dict = dictOf(string{one} + "=1\n");
+            if (many) {
+                for (const auto &[key, value] : kMore)
+                    EXPECT_EQ(oruAsfDictSetString(dict.get(), key, value), 0);
+            }
+            ASSERT_EQ(oruAsfDictSetString(dict.get(), one, "2"), 0);
+            EXPECT_FALSE(textOf(dict, other)) << other;
+            ASSERT_EQ(oruAsfDictSetString(dict.get(), other, "3"), 0);
+            EXPECT_EQ(textOf(dict, one), "2");
+            EXPECT_EQ(textOf(dict, other), "3");
+            EXPECT_EQ(oruAsfDictSave(dict.get(), kFile), 0);
+            EXPECT_EQ(box.read(kFile), string{one} + "=2\n" + other + "=3\n");
+        }
+}
+
+TEST_F(DictionaryKey, OfMoreThan4MiBIsRefusedAndSoIsSuchAValue)
+{
+    const string text = "a=1\n";
+    const Dict dict = dictOf(text);
+    const string large(ORUASF_DICT_MAX_BYTES + 1, 'k');
+    EXPECT_EQ(oruAsfDictSetString(dict.get(), large.c_str(), "9"), -1);
+    EXPECT_EQ(oruAsfDictSetDelimitedString(dict.get(), large.c_str(), "9"), -1);
+    EXPECT_EQ(oruAsfDictSetString(dict.get(), large.c_str(), nullptr), -1);
+    EXPECT_EQ(oruAsfDictSetString(dict.get(), "a", large.c_str()), -1);
+    EXPECT_EQ(oruAsfDictSetDelimitedString(dict.get(), "a", large.c_str()), -1);
+    EXPECT_EQ(textOf(dict, "a"), "1");
     EXPECT_EQ(oruAsfDictSave(dict.get(), kFile), 0);
     EXPECT_EQ(box.read(kFile), text);
 }

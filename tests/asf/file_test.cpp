@@ -1,11 +1,17 @@
-// Which file was read, in which state.
+// Which file was read, in which state, and what a save makes of it.
 #include "asf/file.hpp"
+
+#include "support/tempdir.hpp"
 
 #include <gtest/gtest.h>
 
+#include <climits>
 #include <cstdint>
+#include <string>
 
 using oru::FileState;
+using oru::test::TempDir;
+using std::string;
 
 namespace {
 
@@ -72,4 +78,28 @@ TEST(FileState, IsThatOfOneFileUntilItChanges)
     EXPECT_FALSE(state.stillHolds(statusAt(1))) << "a nanosecond later";
     EXPECT_FALSE(state.stillHolds(statusAt(1'000'000'000))) << "a second later";
     EXPECT_FALSE(FileState{}.stillHolds(status)) << "no file";
+}
+
+TEST(ReplaceFile, DoesNotEvenReadAFileThatIsAsItWasAndHeldTheBytes)
+{
+    const TempDir box;
+    const string path = box.at("/config");
+    box.write("/config", "old");
+    struct stat status {};
+    ASSERT_EQ(::stat(path.c_str(), &status), 0);
+    const FileState atRest{status, {int64_t{1} << 33, 0}};
+    const FileState fresh{status, {}};
+    // That the bytes are others shows whether somebody looked.
+    EXPECT_EQ(oru::replaceFile(path.c_str(), "other", atRest, true), 0);
+    EXPECT_EQ(box.read("/config"), "old");
+    EXPECT_EQ(oru::replaceFile(path.c_str(), "other", fresh, true), 0);
+    EXPECT_EQ(box.read("/config"), "other");
+    EXPECT_EQ(oru::replaceFile(path.c_str(), "third", atRest, true), 0) << "no longer as it was";
+    EXPECT_EQ(box.read("/config"), "third");
+}
+
+TEST(ReplaceFile, IsRefusedForNoPathOrOneThatIsTooLong)
+{
+    for (const string &path : {string{}, string(3 * PATH_MAX, 'x')})
+        EXPECT_EQ(oru::replaceFile(path.c_str(), "text", {}, false), -1) << path.size();
 }

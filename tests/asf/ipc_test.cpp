@@ -120,6 +120,11 @@ TEST_F(Connect, KnowsThisMachineOnly)
         const Ipc ipc{oruAsfIpcOpen(2, 1, 0)};
         EXPECT_EQ(oruAsfIpcConnect(ipc.get(), host, kPort, kVersion), -1) << host;
     }
+    const Ipc ipc{oruAsfIpcOpen(2, 1, 0)};
+    EXPECT_EQ(oruAsfIpcConnect(ipc.get(), nullptr, kPort, kVersion), -1);
+    EXPECT_EQ(oruAsfIpcConnect(nullptr, "localhost", kPort, kVersion), -1);
+    EXPECT_EQ(oruAsfIpcConnect(ipc.get(), "localhost", kPort, kVersion), 0)
+        << "nothing was done yet";
 }
 
 TEST_F(Connect, FindsNobodyBehindASocketThatIsStale)
@@ -234,6 +239,22 @@ TEST_F(Messages, ThatCannotBeAreRefused)
     const Ipc unconnected{oruAsfIpcOpen(2, 1, 0)};
     EXPECT_FALSE(send(unconnected, "x"));
     EXPECT_EQ(receive(unconnected), "(none)");
+}
+
+TEST_F(Messages, OfASizeThatIsNoCountAreNeitherSentNorTaken)
+{
+    const Listener listener = listenAt();
+    const Ipc client = connected();
+    const Ipc service = accepted(listener);
+    ASSERT_TRUE(send(service, "x"));
+    char buffer[4];
+    for (const uint32_t size : {uint32_t{INT32_MAX} + 1, UINT32_MAX}) {
+        errno = 0;
+        EXPECT_EQ(oruAsfIpcSend(client.get(), "x", size), -1) << size;
+        EXPECT_EQ(oruAsfIpcRecv(client.get(), buffer, size), -1) << size;
+        EXPECT_EQ(errno, 0) << "the system is not asked";
+    }
+    EXPECT_EQ(receive(client), "x");
 }
 
 TEST_F(Wait, EndsWhenTheTimeIsOver)

@@ -176,6 +176,13 @@ TEST_F(Log, ShowsControlBytesAndDropsLineFeedsAtTheEnd)
         << "the source too";
 }
 
+TEST_F(Log, OfATextThatCannotBeFormattedHoldsItsPlaceAlone)
+{
+    const wchar_t noCharacter[] = {static_cast<wchar_t>(0x7fffffff), L'\0'};
+    EXPECT_EQ(fileOf([&] { oruAsfLogMsg(3, "s", 1, 0, "text %ls", noCharacter); }),
+              "s:1: error: \n");
+}
+
 TEST_F(Log, CutsWhatIsTooLong)
 {
     for (const char byte : {'x', '\x01'})

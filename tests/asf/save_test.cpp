@@ -10,9 +10,11 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <climits>
 #include <csignal>
 #include <cstring>
 #include <fcntl.h>
+#include <functional>
 #include <memory>
 #include <random>
 #include <string>
@@ -152,6 +154,26 @@ TEST_F(Save, KeepsTheOwner)
     EXPECT_EQ(box.read(kFile), kNew);
 }
 
+TEST_F(Save, KeepsTheGroupOfAnOwnFile)
+{
+    if (::geteuid() != 0) GTEST_SKIP() << "only root can give files away";
+    ASSERT_EQ(::chown(box.at(kFile).c_str(), 0, 5678), 0);
+    EXPECT_EQ(saveValue("new value"), 0);
+    EXPECT_EQ(status().st_uid, 0u);
+    EXPECT_EQ(status().st_gid, 5678u);
+}
+
+TEST_F(Save, WorksOnAPathWithoutAFolder)
+{
+    EXPECT_EQ(inChild([&] {
+                  if (::chdir(box.at().c_str()) != 0) return 4;
+                  return saveValue("new value", "config", "config");
+              }),
+              0);
+    EXPECT_EQ(box.read(kFile), kNew);
+    EXPECT_THAT(box.names(), ElementsAre("config"));
+}
+
 TEST_F(Save, SyncsTheFileBeforeItGetsItsNameAndTheFolderAfterwards)
 {
     Faults::arm();
@@ -232,6 +254,31 @@ TEST_F(SaveLink, ThatEndsNowhereIsRefused)
     EXPECT_THAT(box.names(), ElementsAre("config", "loop1", "loop2", "lost", "self"));
 }
 
+TEST_F(SaveLink, ThatMakesThePathTooLongIsRefused)
+{
+    string folder;
+    while (box.at(folder).size() < PATH_MAX - 600) {
+        folder += "/" + string(250, 'f');
+        ASSERT_EQ(::mkdir(box.at(folder).c_str(), 0755), 0);
+    }
+    link(string(3000, 'x'), (folder + "/link").c_str());
+    link(string(10, 'x'), (folder + "/short").c_str());
+    EXPECT_EQ(saveValue("new value", kFile, (folder + "/link").c_str()), 1);
+    EXPECT_EQ(saveValue("new value", kFile, (folder + "/short").c_str()), 0);
+    EXPECT_THAT(box.names(folder), ElementsAre("link", "short", string(10, 'x')));
+}
+
+TEST_F(SaveLink, ThatCannotBeReadIsRefused)
+{
+    link("config", "/link");
+    Faults::arm(Faults::Kind::fail, 1, EIO, "readlink");
+    EXPECT_EQ(saveValue("new value", kFile, "/link"), 1);
+    Faults::disarm();
+    EXPECT_TRUE(Faults::struck());
+    EXPECT_EQ(box.read(kFile), kOld);
+    EXPECT_THAT(box.names(), ElementsAre("config", "link"));
+}
+
 TEST_F(SaveRefused, ForWhatIsNoFile)
 {
     ASSERT_EQ(::mkdir(box.at("/folder").c_str(), 0755), 0);
@@ -274,13 +321,16 @@ TEST_F(SaveRefused, ForAUserWhoCouldNotKeepTheOwner)
 
 TEST_F(SaveRefused, WhenTheFileWouldGetTooLargeForTheUser)
 {
-    EXPECT_EQ(inChild([] {
-                  const rlimit limit{4096, 4096};
-                  ::signal(SIGXFSZ, SIG_IGN);
-                  if (::setrlimit(RLIMIT_FSIZE, &limit) != 0) return kNotHere;
-                  return saveValue(string(5000, 'x'));
-              }),
-              1);
+    EXPECT_EQ(
+        inChild([] {
+            const rlimit limit{4096, RLIM_INFINITY};
+            const rlimit none{RLIM_INFINITY, RLIM_INFINITY}; // for what the child's end writes
+            ::signal(SIGXFSZ, SIG_IGN);
+            if (::setrlimit(RLIMIT_FSIZE, &limit) != 0) return kNotHere;
+            const int result = saveValue(string(5000, 'x'));
+            return ::setrlimit(RLIMIT_FSIZE, &none) == 0 ? result : 4;
+        }),
+        1);
     expectUntouched();
 }
 
@@ -334,6 +384,13 @@ TEST_F(SaveLeftOver, GoesWithTheNextSave)
              EXPECT_EQ(::link((path.substr(0, path.rfind('/')) + "/victim").c_str(), path.c_str()),
                        0);
          }},
+        {"a second name of an empty file",
+         [](const string &path) {
+             const string other = path.substr(0, path.rfind('/')) + "/empty";
+             std::ofstream{other};
+             EXPECT_EQ(::chmod(other.c_str(), 0600), 0);
+             EXPECT_EQ(::link(other.c_str(), path.c_str()), 0);
+         }},
         {"a FIFO", [](const string &path) { EXPECT_EQ(::mkfifo(path.c_str(), 0600), 0); }},
     };
     for (const auto &row : rows) {
@@ -343,8 +400,46 @@ TEST_F(SaveLeftOver, GoesWithTheNextSave)
         EXPECT_EQ(saveValue("new value"), 0) << row.reason;
         EXPECT_EQ(box.read(kFile), kNew) << row.reason;
         EXPECT_EQ(box.read("/victim"), "of somebody else\n") << row.reason;
+        EXPECT_EQ(box.read("/empty"), "") << row.reason;
+        std::filesystem::remove(box.at("/empty"));
         EXPECT_THAT(box.names(), ElementsAre("config", "victim")) << row.reason;
     }
+}
+
+TEST_F(SaveLeftOver, ThatCannotBeRemovedRefusesTheSave)
+{
+    const struct {
+        const char *reason;
+        void (*leave)(const string &path);
+    } rows[] = {{"with text", [](const string &path) { std::ofstream{path} << "key=half"; }},
+                {"a link that can't be opened",
+                 [](const string &path) { EXPECT_EQ(::symlink("victim", path.c_str()), 0); }}};
+    for (const auto &row : rows) {
+        row.leave(box.at(kLeftOver));
+        Faults::arm(Faults::Kind::fail, 1, EIO, "unlinkat");
+        EXPECT_EQ(saveValue("new value"), 1) << row.reason;
+        Faults::disarm();
+        EXPECT_TRUE(Faults::struck()) << row.reason;
+        EXPECT_EQ(box.read(kFile), kOld) << row.reason;
+        EXPECT_THAT(box.names(), ElementsAre(".config.new", "config")) << row.reason;
+        ASSERT_EQ(::unlink(box.at(kLeftOver).c_str()), 0);
+    }
+}
+
+TEST_F(SaveLeftOver, OfAnotherUserWithoutTextIsNotTakenOver)
+{
+    if (::geteuid() != 0) GTEST_SKIP() << "needs files of another user";
+    box.write(kLeftOver, "");
+    chmod(0600, kLeftOver);
+    ASSERT_EQ(::chown(box.at(kLeftOver).c_str(), 1234, 1234), 0);
+    const int itsUsers = ::open(box.at(kLeftOver).c_str(), O_RDONLY | O_CLOEXEC);
+    EXPECT_EQ(saveValue("new value"), 0);
+    char byte;
+    EXPECT_EQ(::read(itsUsers, &byte, 1), 0) << "its user has it open and sees our text";
+    ::close(itsUsers);
+    EXPECT_EQ(status().st_uid, 0u);
+    EXPECT_EQ(box.read(kFile), kNew);
+    EXPECT_THAT(box.names(), ElementsAre("config"));
 }
 
 TEST_F(SaveLeftOver, OfAnotherUserGoesToo)
@@ -364,6 +459,21 @@ TEST_F(SaveLeftOver, OfAnotherUserGoesToo)
                 EXPECT_THAT(box.names(), ElementsAre("config"));
             }
         }
+}
+
+TEST_F(SaveLeftOver, ThatIsAFifoWithAReaderGetsNoByte)
+{
+    const string fifo = box.at(kLeftOver);
+    ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
+    const int reader = ::open(fifo.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    ASSERT_GE(reader, 0);
+    EXPECT_EQ(saveValue("new value"), 0);
+    char byte;
+    EXPECT_EQ(::read(reader, &byte, 1), 0);
+    ::close(reader);
+    EXPECT_EQ(box.read(kFile), kNew);
+    EXPECT_TRUE(S_ISREG(status().st_mode));
+    EXPECT_THAT(box.names(), ElementsAre("config"));
 }
 
 TEST_F(SaveLeftOver, ThatIsAFolderIsNoneAndStays)
@@ -515,6 +625,86 @@ TEST_F(SaveFault, ThatKillsAtAnyMomentLeavesAWholeFileAndAtMostOneTemporaryFile)
     }
     EXPECT_EQ(saveValue("new value"), 0);
     EXPECT_THAT(box.names(), ElementsAre("config"));
+}
+
+TEST_F(SaveTogether, WaitsItsTurnOverWhateverHappensToItsTemporaryFileMeanwhile)
+{
+    const string temporary = box.at(kLeftOver);
+    const string file = box.at(kFile);
+    const struct {
+        const char *reason;
+        std::function<void()> happens;
+    } rows[] = {
+        {"another saver gave it its place",
+         [&] { EXPECT_EQ(::rename(temporary.c_str(), file.c_str()), 0); }},
+        {"somebody removed it", [&] { EXPECT_EQ(::unlink(temporary.c_str()), 0); }},
+        {"another saver began a new one",
+         [&] {
+             // The old one keeps a name, so that the new one gets another number.
+             EXPECT_EQ(::rename(temporary.c_str(), file.c_str()), 0);
+             std::ofstream{temporary};
+             EXPECT_EQ(::chmod(temporary.c_str(), 0600), 0);
+         }},
+    };
+    for (const auto &row : rows) {
+        box.write(kFile, kOld);
+        OruAsfDict *dict = nullptr;
+        ASSERT_EQ(oruAsfDictCreate(&dict, kFile), 0);
+        ASSERT_EQ(oruAsfDictSetString(dict, "key", "new value"), 0);
+        Faults::arm(Faults::Kind::pass, 1, 0, "flock");
+        Faults::meanwhile(row.happens);
+        EXPECT_EQ(oruAsfDictSave(dict, kFile), 0) << row.reason;
+        const auto calls = Faults::disarm();
+        EXPECT_EQ(std::count(calls.begin(), calls.end(), "flock"), 2) << row.reason;
+        oruAsfDictFree(dict);
+        EXPECT_EQ(box.read(kFile), kNew) << row.reason;
+        EXPECT_THAT(box.names(), ElementsAre("config")) << row.reason;
+    }
+}
+
+TEST_F(SaveTogether, IsRefusedWhenItsTemporaryFileIsTakenAwayRightBeforeItsEnd)
+{
+    // The last look at the name is the fourth of this save: target, turn, owner, name.
+    Faults::arm();
+    ASSERT_EQ(saveValue("first"), 0);
+    const auto calls = Faults::disarm();
+    const auto looks = static_cast<int>(std::count(calls.begin(), calls.end(), "fstatat"));
+    box.write(kFile, kOld);
+    Faults::arm(Faults::Kind::pass, looks, 0, "fstatat");
+    Faults::meanwhile([&] { EXPECT_EQ(::unlink(box.at(kLeftOver).c_str()), 0); });
+    EXPECT_EQ(saveValue("new value"), 1);
+    Faults::disarm();
+    expectUntouched();
+}
+
+TEST_F(SaveTogether, WithOneWhoCutsTheFileReadsWhatIsLeft)
+{
+    Faults::arm(Faults::Kind::pass, 1, 0, "read");
+    Faults::meanwhile([&] { EXPECT_EQ(::truncate(box.at(kFile).c_str(), 15), 0); });
+    OruAsfDict *dict = nullptr;
+    ASSERT_EQ(oruAsfDictCreate(&dict, kFile), 0);
+    Faults::disarm();
+    EXPECT_TRUE(Faults::struck());
+    const char *value = nullptr;
+    EXPECT_EQ(oruAsfDictGetString(dict, "key", &value, 0), 0);
+    EXPECT_EQ(value, nullptr);
+    ASSERT_EQ(oruAsfDictSetString(dict, "key", "new value"), 0);
+    EXPECT_EQ(oruAsfDictSave(dict, kFile), 0);
+    EXPECT_EQ(box.read(kFile), kNew);
+    oruAsfDictFree(dict);
+}
+
+TEST_F(SaveTogether, WithOneWhoAddsToTheFileWhileItIsComparedWritesItWhole)
+{
+    OruAsfDict *dict = nullptr;
+    ASSERT_EQ(oruAsfDictCreate(&dict, kFile), 0);
+    Faults::arm(Faults::Kind::pass, 1, 0, "open");
+    Faults::meanwhile([&] { std::ofstream{box.at(kFile), std::ios::app} << "more=1\n"; });
+    EXPECT_EQ(oruAsfDictSave(dict, kFile), 0);
+    Faults::disarm();
+    EXPECT_TRUE(Faults::struck());
+    oruAsfDictFree(dict);
+    expectUntouched();
 }
 
 TEST_F(SaveTogether, WithOthersSucceedsForEach)
@@ -700,6 +890,31 @@ TEST_F(SaveMemory, ThatIsDeniedFailsOrDoesNoHarmAndNothingLeaks)
         EXPECT_THAT(box.names(), ElementsAre("config")) << n;
     }
     EXPECT_GT(n, 10);
+}
+
+TEST_F(SaveMemory, ThatIsDeniedToADeletionLeavesTheKey)
+{
+    OruAsfDict *dict = nullptr;
+    ASSERT_EQ(oruAsfDictCreate(&dict, kFile), 0);
+    int n = 1;
+    for (;; ++n) {
+        Faults::denyMemory(n);
+        const int32_t status = n % 2 == 0 ? oruAsfDictSetString(dict, "key", nullptr)
+                                          : oruAsfDictSetDelimitedString(dict, "key", nullptr);
+        if (!Faults::allowMemory()) {
+            EXPECT_EQ(status, 0);
+            break;
+        }
+        EXPECT_EQ(status, -1) << n;
+        const char *value = nullptr;
+        EXPECT_EQ(oruAsfDictGetString(dict, "key", &value, 0), 0);
+        EXPECT_STREQ(value, "old") << n;
+    }
+    EXPECT_GT(n, 2);
+    const char *value = nullptr;
+    EXPECT_EQ(oruAsfDictGetString(dict, "key", &value, 0), 0);
+    EXPECT_EQ(value, nullptr);
+    oruAsfDictFree(dict);
 }
 
 TEST_F(SaveMemory, ThatIsDeniedToAVisitIsNotTakenForADamagedValue)

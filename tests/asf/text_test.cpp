@@ -1,6 +1,7 @@
 // The syntax of a configuration text. The search for a line is compiled a second time with its
 // portable block.
 #include "asf/lines.hpp"
+#include "asf/samehash.hpp"
 #include "asf/text.hpp"
 
 #include <gtest/gtest.h>
@@ -243,6 +244,21 @@ TEST(Key, SpreadsOverATableWhereverItsNumberStands)
         }
 }
 
+TEST(Key, IsNotTakenForAnotherOfTheSameHash)
+{
+    for (const auto &[one, other] : oru::test::kSameHash) {
+#if __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__
+        EXPECT_EQ(oru::hashOf(one), oru::hashOf(other)) << one;
+#endif
+        for (const string &text : {string{one} + "=", string{one} + "=1\nb=2\n"}) {
+            oru::LineIndex index;
+            ASSERT_TRUE(index.build(text));
+            EXPECT_EQ(placeIn(index, text, one), 0) << text;
+            EXPECT_EQ(placeIn(index, text, other), kNone) << text;
+        }
+    }
+}
+
 TEST(Value, StandsInTheFormThatReadsBackTheSame)
 {
     const struct {
@@ -313,6 +329,11 @@ TEST(Value, ThatIsDamagedIsRefused)
         {"\"\\x1\"", "one digit"},
         {"\"\\x1g\"", "no hexadecimal digit"},
         {"\"\\xg1\"", "no hexadecimal digit first"},
+        {"\"\\x1/\"", "the byte before the digits"},
+        {"\"\\x1:\"", "the byte behind the digits"},
+        {"\"\\x1@\"", "the byte before the capital ones"},
+        {"\"\\x1G\"", "the byte behind the capital ones"},
+        {"\"\\x1`\"", "the byte before the small ones"},
         {"\"\\x00\"", "a NUL byte"},
         {"\"\\0\"", "no octal escapes"},
     };
