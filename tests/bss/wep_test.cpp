@@ -95,6 +95,21 @@ TEST_F(Wep, NoKeyMakesItDynamic)
     EXPECT_THAT(keys(), ElementsAre("-", "-", "-", "-"));
 }
 
+TEST_F(Wep, AnyKeyAloneMakesItStatic)
+{
+    for (size_t number = 0; number < 4; ++number) {
+        const char *key[4] = {};
+        key[number] = kShort;
+        const auto id = static_cast<uint32_t>(number) + 1;
+        EXPECT_EQ(oruSdkSetSecModeWep(2, 1, 5, id, key[0], key[1], key[2], key[3]), 0u);
+        EXPECT_EQ(aa("bss2.dynamicWepEnabled"), "false") << number;
+        std::vector<std::string> stored(4, "-");
+        stored[number] = kShortStored;
+        EXPECT_EQ(keys(), stored);
+        EXPECT_NOTHING_LOGGED();
+    }
+}
+
 TEST_F(Wep, DynamicWepStillNeedsKeyLengthAndDefaultKey)
 {
     const std::vector<const char *> none(4, nullptr);

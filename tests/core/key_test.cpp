@@ -39,6 +39,20 @@ TEST(Key, CutsWhatDoesNotFit)
     EXPECT_EQ(std::strlen(key), 63u);
 }
 
+TEST(Key, EndsBeforeAnIndexThatMightNotFit)
+{
+    EXPECT_STREQ((KeyText{Key{(std::string(52, 'k') + "%d").c_str(), INT32_MIN}}),
+                 (std::string(52, 'k') + "-2147483648").c_str());
+    EXPECT_STREQ((KeyText{Key{(std::string(53, 'k') + "%d").c_str(), 1}}),
+                 std::string(53, 'k').c_str());
+}
+
+TEST(Key, LeavesWhatIsNoIndexAsItIs)
+{
+    EXPECT_STREQ((KeyText{Key{"a%d.%d.%d", 1, 2}}), "a1.2.%d");
+    EXPECT_STREQ((KeyText{Key{"a%s%%d%", 1, 2}}), "a%s%1%");
+}
+
 TEST(Number, IsWrittenAsASignedNumber)
 {
     for (const int32_t value : {0, 1, -1, 9, 10, 99, 100, 65535, INT32_MAX, INT32_MIN}) {

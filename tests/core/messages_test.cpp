@@ -150,6 +150,44 @@ TEST_F(Messages, TextElementCountsItsHead)
         ElementsAre(1, 0x16, 0, 18, 0, 8, 0, 0x0B, 0, 8, '1', '2', '3', '4', '5', '6', '7', '0'));
 }
 
+TEST_F(Messages, TextElementHoldsAtMost1900Characters)
+{
+    const std::string text(5000, 't');
+    Request longest;
+    longest.elementText(0x0008000B, text.c_str(), 1900);
+    EXPECT_EQ(longest.size(), 4u + 6 + 1900);
+    for (const uint32_t length : {1901u, 5000u}) {
+        Request request;
+        request.elementText(0x0008000B, text.c_str(), length);
+        EXPECT_EQ(Bytes(request.data() + 4, request.data() + request.size()),
+                  Bytes(longest.data() + 4, longest.data() + longest.size()));
+    }
+}
+
+TEST_F(Messages, NumberOfAnElementGoesByItsLength)
+{
+    const struct {
+        Bytes element;
+        uint32_t number;
+    } rows[] = {
+        {{0, 1, 0, 9, 0, 1, 0xfe}, 0xfe},
+        {{0, 2, 0, 9, 0, 2, 0x12, 0x34}, 0x1234},
+        {{0, 3, 0, 9, 0, 4, 0x12, 0x34, 0x56, 0x78}, 0x12345678},
+        {{0, 8, 0, 9, 0, 1, 0xfe}, 0xfe},
+        {{0, 8, 0, 9, 0, 2, 0x12, 0x34}, 0x1234},
+        {{0, 8, 0, 9, 0, 4, 0x12, 0x34, 0x56, 0x78}, 0x12345678},
+        {{0, 8, 0, 9, 0, 0}, 0},
+        {{0, 8, 0, 9, 0, 3, 1, 2, 3}, 0},
+        {{0, 12, 0, 9, 0, 6, 1, 2, 3, 4, 5, 6}, 0},
+    };
+    for (const auto &row : rows) {
+        const Element element{row.element.data(), static_cast<uint32_t>(row.element.size())};
+        ASSERT_TRUE(static_cast<bool>(element));
+        EXPECT_EQ(element.number(), row.number) << element.length();
+        EXPECT_EQ(element.size(), row.element.size());
+    }
+}
+
 const std::vector<SweepRow> kRows{
     {"SendWsmRequest",
      nullptr,

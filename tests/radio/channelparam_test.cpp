@@ -523,6 +523,11 @@ const Accepted kAccepted[] = {
     {"Channel6InThe24GHzBand", [](const Scene &s) { s.set("radio0.bandType", "1"), s.channel(6); }},
     {"Channel14InJapanIn11b",
      [](const Scene &s) { s.japan(), s.mode("2"), s.channel(14), s.allow(kChannels1To14); }},
+    {"Channel14InJordanIn11g",
+     [](const Scene &s) {
+         s.radios[0].country = "JOI"; // begins like Japan
+         s.mode("3"), s.channel(14), s.allow(kChannels1To14);
+     }},
     {"Channel13InJapan",
      [](const Scene &s) { s.japan(), s.mode("3"), s.channel(13), s.allow(kChannels1To14); }},
     {"Rate64At5GHz", [](const Scene &s) { s.rate("64"); }},

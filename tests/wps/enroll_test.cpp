@@ -198,6 +198,18 @@ TEST_F(WscStatus, UnexpectedElementIs119AndKeepsWhatCameBefore)
     }
 }
 
+TEST_F(WscStatus, ResultOfAnotherLengthThan4Is119AndIsNotTaken)
+{
+    for (const Bytes &bad : {number16(10, 3), number8(10, 3), element(0x0008000a, {}),
+                             element(0x0008000a, {1, 2, 3})}) {
+        standIn.replyWith(statusReply({bad}));
+        standIn.logs.clear();
+        EXPECT_EQ(oruSdkGetWscStatus(0, 0, &result), 119u);
+        EXPECT_EQ(result, 77u);
+        EXPECT_LOGGED("Default\n");
+    }
+}
+
 TEST_F(WscStatus, NullResultIs2)
 {
     EXPECT_EQ(oruSdkGetWscStatus(0, 0, nullptr), 2u);
