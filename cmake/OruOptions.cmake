@@ -4,6 +4,7 @@
 option(ORU_WERROR "Warnings are errors" OFF)
 option(ORU_SIMD "Search configuration texts with SSE2 where the machine has it" ON)
 option(ORU_SANITIZE "Address and undefined-behaviour sanitizers" OFF)
+option(ORU_COVERAGE "Count which lines and branches of the two libraries run" OFF)
 option(ORU_FUZZ "Fuzz targets for libFuzzer, with sanitizers; needs clang" OFF)
 
 # oru_part(NAME MESSAGE [CONDITION...]): an option NAME whose default is the condition.
@@ -58,6 +59,11 @@ if(ORU_SANITIZE)
     add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer
         -O1 -g1)
     add_link_options(-fsanitize=address,undefined)
+endif()
+# Not optimized, so that each line is one of its own.
+set(coverage $<$<BOOL:${ORU_COVERAGE}>:--coverage> $<$<BOOL:${ORU_COVERAGE}>:-O0>)
+if(ORU_COVERAGE)
+    add_link_options(--coverage)
 endif()
 if(ORU_FUZZ)
     add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize=function,vptr
