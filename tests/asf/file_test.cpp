@@ -8,10 +8,31 @@
 #include <climits>
 #include <cstdint>
 #include <string>
+#include <sys/time.h>
 
 using oru::FileState;
 using oru::test::TempDir;
 using std::string;
+
+namespace {
+
+time_t later = 0; // seconds that the clock is ahead
+int syncs = 0;
+
+} // namespace
+
+extern "C" int clock_gettime(clockid_t, timespec *now) noexcept
+{
+    timeval wall{};
+    ::gettimeofday(&wall, nullptr);
+    *now = {wall.tv_sec + later, wall.tv_usec * 1000};
+    return 0;
+}
+
+extern "C" int fsync(int)
+{
+    return ++syncs, 0;
+}
 
 namespace {
 
@@ -96,6 +117,23 @@ TEST(ReplaceFile, DoesNotEvenReadAFileThatIsAsItWasAndHeldTheBytes)
     EXPECT_EQ(box.read("/config"), "other");
     EXPECT_EQ(oru::replaceFile(path.c_str(), "third", atRest, true), 0) << "no longer as it was";
     EXPECT_EQ(box.read("/config"), "third");
+}
+
+TEST(ReplaceFile, MakesWhatStandsThereDurableUnlessItHasStoodForAMinute)
+{
+    const TempDir box;
+    box.write("/config", "text");
+    const struct {
+        time_t later;
+        int syncs; // the file and its folder
+    } rows[] = {{0, 2}, {50, 2}, {70, 0}, {-70, 2}};
+    for (const auto &row : rows) {
+        later = row.later;
+        syncs = 0;
+        EXPECT_EQ(oru::replaceFile(box.at("/config").c_str(), "text", {}, false), 0);
+        EXPECT_EQ(syncs, row.syncs) << row.later;
+    }
+    later = 0;
 }
 
 TEST(ReplaceFile, IsRefusedForNoPathOrOneThatIsTooLong)

@@ -476,6 +476,22 @@ TEST_F(SaveLeftOver, ThatIsAFifoWithAReaderGetsNoByte)
     EXPECT_THAT(box.names(), ElementsAre("config"));
 }
 
+TEST_F(SaveLeftOver, WhoseLockNobodyGivesBackGoesInTheEnd)
+{
+    box.write(kLeftOver, "");
+    chmod(0600, kLeftOver);
+    const int holder = ::open(box.at(kLeftOver).c_str(), O_RDONLY | O_CLOEXEC);
+    ASSERT_EQ(::flock(holder, LOCK_EX), 0);
+    Faults::armLibraries(Faults::Kind::none, 0, 0, [] {}); // nothing sleeps
+    EXPECT_EQ(saveValue("new value"), 0);
+    Faults::disarm();
+    char byte;
+    EXPECT_EQ(::read(holder, &byte, 1), 0) << "it is left as it was";
+    ::close(holder);
+    EXPECT_EQ(box.read(kFile), kNew);
+    EXPECT_THAT(box.names(), ElementsAre("config"));
+}
+
 TEST_F(SaveLeftOver, ThatIsAFolderIsNoneAndStays)
 {
     ASSERT_EQ(::mkdir(box.at(kLeftOver).c_str(), 0755), 0);
