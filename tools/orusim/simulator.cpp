@@ -26,7 +26,8 @@ size_t clientsThatFit()
     rlimit limit{};
     if (::getrlimit(RLIMIT_NOFILE, &limit) != 0) return kReserve;
     if (limit.rlim_cur > kUnlimited) return kUnlimited;
-    return limit.rlim_cur > 2 * kReserve ? limit.rlim_cur - kReserve : kReserve;
+    const auto all = static_cast<size_t>(limit.rlim_cur);
+    return all > 2 * kReserve ? all - kReserve : kReserve;
 }
 
 } // namespace
@@ -134,7 +135,7 @@ void Simulator::dispatch(uint64_t token)
 {
     if (token == kWake) return obeyWakes();
     if (token == kCommand) return acceptCommander();
-    if (token < kFirstFree) return acceptClients(token - kServices);
+    if (token < kFirstFree) return acceptClients(static_cast<size_t>(token - kServices));
     if (commanders_.contains(token)) return serveCommander(token);
     // A client that was dropped in this turn has no entry any more.
     if (const auto client = clients_.find(token); client != clients_.end()) serve(client);
