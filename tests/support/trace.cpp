@@ -36,6 +36,15 @@ bool next(pid_t child)
 
 } // namespace
 
+bool tracesProcesses()
+{
+    const pid_t child = ::fork();
+    if (child == 0) ::_exit(::ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) == 0 ? 0 : 1);
+    int status = 1;
+    ::waitpid(child, &status, 0);
+    return status == 0;
+}
+
 KilledAt killTraced(pid_t child, size_t stop, const std::function<void()> &before)
 {
     int status = 0;

@@ -14,6 +14,9 @@ enum class KilledAt {
     Never  ///< it ended before
 };
 
+/// Whether processes can be traced here; an emulator does not.
+[[nodiscard]] bool tracesProcesses();
+
 /// Kills a child that has asked to be traced and stops before it does anything else. One that
 /// begins to wait is killed there. `before` is what happens at that moment, while it stands still.
 KilledAt killTraced(pid_t child, size_t stop, const std::function<void()> &before = {});
