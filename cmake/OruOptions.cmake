@@ -26,6 +26,11 @@ if(CMAKE_SIZEOF_VOID_P EQUAL 4)
     add_compile_definitions(_FILE_OFFSET_BITS=64 _TIME_BITS=64)
 endif()
 
+# Whether this machine runs what is built; a toolchain file may say so.
+if(NOT CMAKE_CROSSCOMPILING)
+    set(ORU_RUNS_HERE ON)
+endif()
+
 find_package(nlohmann_json 3.11 QUIET)
 find_package(GTest QUIET)
 # Debian has GoogleTest for its own processor alone, and its sources for all others.
@@ -33,6 +38,9 @@ set(ORU_GTEST_SOURCES /usr/src/googletest CACHE PATH "Sources of GoogleTest for 
 if(CMAKE_CROSSCOMPILING AND NOT GTest_FOUND AND EXISTS ${ORU_GTEST_SOURCES}/CMakeLists.txt)
     set(INSTALL_GTEST OFF CACHE INTERNAL "")
     add_subdirectory(${ORU_GTEST_SOURCES} ${PROJECT_BINARY_DIR}/googletest EXCLUDE_FROM_ALL SYSTEM)
+    foreach(library gtest gtest_main gmock) # used once: what optimizing it costs is not earned back
+        target_compile_options(${library} PRIVATE -O0 -g0)
+    endforeach()
     set(GTest_FOUND ON)
 endif()
 find_package(benchmark QUIET)

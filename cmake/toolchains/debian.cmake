@@ -1,5 +1,5 @@
 # Debian's cross compiler for oru_triplet, and its C library; what was built runs under qemu-user's
-# oru_emulator. The files beside this one name the two, and include it.
+# oru_emulator, or without one where ORU_RUNS_HERE. The files beside this one name them, and include it.
 set(CMAKE_SYSTEM_NAME Linux)
 set(CMAKE_C_COMPILER ${oru_triplet}-gcc)
 set(CMAKE_CXX_COMPILER ${oru_triplet}-g++)
@@ -8,4 +8,6 @@ set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
-set(CMAKE_CROSSCOMPILING_EMULATOR ${oru_emulator} -L /usr/${oru_triplet})
+if(oru_emulator)
+    set(CMAKE_CROSSCOMPILING_EMULATOR ${oru_emulator} -L /usr/${oru_triplet})
+endif()

@@ -107,6 +107,7 @@ TEST_F(SameBytes, LeaveEveryProcessor)
     std::snprintf(digest, sizeof digest, "%016llx\n",
                   static_cast<unsigned long long>(digestOf(all)));
     const std::string found = asked + digest;
+    std::printf("bytes: %s", digest);
     if (std::getenv("ORU_UPDATE_GOLDEN") != nullptr) std::ofstream{kGolden} << found;
     std::ifstream golden{kGolden};
     EXPECT_EQ(found, std::string(std::istreambuf_iterator<char>{golden}, {})) << all;
