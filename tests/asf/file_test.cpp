@@ -40,7 +40,7 @@ timespec timeAt(int64_t ns)
 {
     constexpr int64_t kSecond = 1'000'000'000;
     const int64_t all = 1'000'000 * kSecond + ns;
-    return {all / kSecond, all % kSecond};
+    return {all / kSecond, static_cast<long>(all % kSecond)};
 }
 
 struct stat statusAt(int64_t ns)
