@@ -87,7 +87,8 @@ extern "C" void oruAsfLogMsg(int32_t level, const char *source, int32_t line, in
     whole.add(head);
     constexpr std::string_view kFile = "file:";
     // Not starts_with(), which without optimization calls into the library of C++.
-    const bool toFile = std::strncmp(where.data(), kFile.data(), kFile.size()) == 0;
+    const bool toFile =
+        where.size() >= kFile.size() && std::memcmp(where.data(), kFile.data(), kFile.size()) == 0;
     if (toFile || where == "stderr") {
         whole.add(levelName(level));
         whole.add(": ");
