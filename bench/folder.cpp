@@ -83,10 +83,10 @@ Folder::~Folder()
 
 void Folder::settle() const
 {
-    constexpr time_t kMinute = 62;
+    constexpr time_t kRest = 92;
     struct stat status {};
     if (::stat(path().c_str(), &status) != 0) return std::perror(path().c_str());
-    const time_t rest = status.st_ctim.tv_sec + kMinute - std::time(nullptr);
+    const time_t rest = status.st_ctim.tv_sec + kRest - std::time(nullptr);
     if (rest > 0) ::sleep(static_cast<unsigned>(rest));
 }
 

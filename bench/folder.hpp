@@ -37,7 +37,7 @@ public:
 
     /// From here on the library works below this folder.
     void use() const { ::setenv("ORU_ROOT", root_.c_str(), 1); }
-    /// Waits until the file has not been changed for a minute: the library then takes it as one
+    /// Waits until the file has not been changed for 90 seconds: the library then takes it as one
     /// that has come to the disk.
     void settle() const;
     [[nodiscard]] const std::string &root() const { return root_; }

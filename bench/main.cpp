@@ -154,7 +154,8 @@ int main(int argc, char **argv)
     results.date = now();
     results.machine = describeMachine(processor);
     const Folder &resting = memory();
-    std::fprintf(stderr, "growth, whole programs, and a minute in which the files come to rest\n");
+    std::fprintf(stderr,
+                 "growth, whole programs, and 90 seconds in which the files come to rest\n");
     results.growth = {measureTable(fileGrowth(), results), measureTable(listGrowth(), results)};
     results.programs = countPrograms();
     resting.settle();

@@ -134,8 +134,8 @@ ORUASF_API int32_t oruAsfDictSetDelimitedString(OruAsfDict *dict, const char *ke
  * Writes the whole dictionary to a file, atomically and durably: at any moment, also after a crash
  * or a power cut, readers see the old file or the new one, whole. Owner, mode and a symbolic
  * link's target are kept; a new file has mode 0600. A text that the file already holds, byte for
- * byte, writes nothing; when the file was changed within the last minute it is synced all the same,
- * since whoever changed it may have been killed before that.
+ * byte, writes nothing; when the file was changed within the last 90 seconds it is synced all the
+ * same, since whoever changed it may have been killed before that.
  * A killed save may leave one temporary file beside it; the next save that writes takes it away.
  * @param dict the dictionary
  * @param path the file

@@ -274,7 +274,7 @@ bool sync(const Descriptor &opened)
 /// change in memory alone for so long.
 bool isSettled(const struct stat &status)
 {
-    constexpr time_t kLongest = 60; // seconds; most file systems take 5 to 30
+    constexpr time_t kLongest = 90; // seconds; most file systems take 5 to 30, the slowest 60
     timespec now{};
     ::clock_gettime(CLOCK_REALTIME_COARSE, &now);
     return now.tv_sec - status.st_ctim.tv_sec > kLongest;

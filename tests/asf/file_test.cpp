@@ -119,14 +119,14 @@ TEST(ReplaceFile, DoesNotEvenReadAFileThatIsAsItWasAndHeldTheBytes)
     EXPECT_EQ(box.read("/config"), "third");
 }
 
-TEST(ReplaceFile, MakesWhatStandsThereDurableUnlessItHasStoodForAMinute)
+TEST(ReplaceFile, MakesWhatStandsThereDurableUnlessItHasStoodForLong)
 {
     const TempDir box;
     box.write("/config", "text");
     const struct {
         time_t later;
         int syncs; // the file and its folder
-    } rows[] = {{0, 2}, {50, 2}, {70, 0}, {-70, 2}};
+    } rows[] = {{0, 2}, {80, 2}, {100, 0}, {-100, 2}};
     for (const auto &row : rows) {
         later = row.later;
         syncs = 0;

@@ -161,7 +161,7 @@ TEST_F(Footprint, OfASetterIsTheSameSystemCallsWhateverItSets)
 
 TEST_F(Footprint, OfASetterThatChangesNothingIsALookAtTheFile)
 {
-    letFileRest(62);
+    letFileRest(92);
     EXPECT_EQ(systemCallsOf(setMimoToOne), kLoad + vector<string>{"stat"});
 }
 
