@@ -2,6 +2,7 @@
 #include "footprint/systemcalls.hpp"
 #include "install.hpp"
 #include "oruSdk.h"
+#include "scratch.hpp"
 #include "support/reply.hpp"
 #include "tools/oructl_run.hpp"
 #include "tools/wsm_service.hpp"
@@ -101,6 +102,38 @@ TEST_F(TransactionTest, AChangeOfAnotherFileIsNoConflict)
     ASSERT_FALSE(change.finish(false));
     EXPECT_EQ(value(kWsm, "mimoFlag"), "0");
     EXPECT_EQ(value(kAa, "bss0.macAuthType"), "2");
+}
+
+TEST_F(TransactionTest, ACopyOfAKilledProcessGoesWithTheNextOne)
+{
+    const pid_t child = ::fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        ::setenv("TMPDIR", temporary().c_str(), 1);
+        const oructl::Scratch scratch;
+        ::raise(SIGKILL);
+    }
+    int status = 0;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    ASSERT_TRUE(WIFSIGNALED(status));
+    ASSERT_FALSE(nothingIsLeft()) << "it holds secrets";
+    EXPECT_EQ(run({"set", "mimo", "0", "off"}).exit, 0);
+    EXPECT_TRUE(nothingIsLeft());
+}
+
+TEST_F(TransactionTest, ACopyInUseAndWhatIsNoneStay)
+{
+    ::setenv("TMPDIR", temporary().c_str(), 1);
+    const oructl::Scratch scratch;
+    ::unsetenv("TMPDIR");
+    ASSERT_TRUE(scratch);
+    fs::create_directories(temporary() + "/oructl-notes/a");
+    fs::create_directory_symlink("oructl-notes", temporary() + "/oructl-scratch.linked");
+    write("/tmp/oructl-scratch.file", "");
+    EXPECT_EQ(run({"set", "mimo", "0", "off"}).exit, 0);
+    EXPECT_TRUE(fs::exists(scratch.root() + kWsm));
+    EXPECT_TRUE(fs::exists(temporary() + "/oructl-scratch.linked/a"));
+    EXPECT_TRUE(fs::exists(temporary() + "/oructl-scratch.file"));
 }
 
 TEST_F(TransactionTest, ALockIsHeldUntilItsEnd)

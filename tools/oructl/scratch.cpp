@@ -9,6 +9,8 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <memory>
+#include <string_view>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <vector>
@@ -73,6 +75,37 @@ std::string parentFolder()
     return ::access("/dev/shm", W_OK | X_OK) == 0 ? "/dev/shm" : "/tmp";
 }
 
+constexpr std::string_view kName = "/oructl-scratch.";
+
+/// Opens and locks a scratch folder of this user: the lock says that its process lives. -1 where
+/// another process holds it or has removed it.
+int lockFolder(const std::string &path)
+{
+    const int folder = ::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+    if (folder < 0) return -1;
+    struct stat status = {};
+    if (::flock(folder, LOCK_EX | LOCK_NB) == 0 && ::fstat(folder, &status) == 0 &&
+        status.st_uid == ::geteuid() && status.st_nlink > 0)
+        return folder;
+    ::close(folder);
+    return -1;
+}
+
+/// Removes the scratch folders of processes that were killed.
+void removeAbandoned(const std::string &parent)
+{
+    const std::unique_ptr<DIR, int (*)(DIR *)> entries{::opendir(parent.c_str()), ::closedir};
+    if (entries == nullptr) return;
+    while (const dirent *entry = ::readdir(entries.get())) {
+        const std::string path = parent + '/' + entry->d_name;
+        if (!std::string_view{path}.substr(parent.size()).starts_with(kName)) continue;
+        const int lock = lockFolder(path);
+        if (lock < 0) continue;
+        removeFolder(path);
+        ::close(lock);
+    }
+}
+
 bool isCopied(std::string_view path)
 {
     return std::any_of(kConfigurationFiles.begin(), kConfigurationFiles.end(),
@@ -90,11 +123,10 @@ void removeScratch()
 Scratch::Scratch()
 {
     const std::string original = rootFolder();
-    std::string pattern = parentFolder() + "/oructl.XXXXXX";
-    if (::mkdtemp(pattern.data()) == nullptr) return;
-    root_ = std::move(pattern);
+    const std::string parent = parentFolder();
+    removeAbandoned(parent);
     catchSignals();
-    removeLater(root_);
+    if (!makeRoot(parent)) return;
     made_ =
         link(original, "/run") && fillFolder(original, "/var") && fillFolder(original, "/config");
     for (const char *const file : kConfigurationFiles) {
@@ -108,6 +140,20 @@ Scratch::~Scratch()
     const BlockedSignals blocked;
     removeScratch();
     leftovers.clear();
+    if (lock_ >= 0) ::close(lock_);
+}
+
+/// Makes the folder. Again, when another process took it for an abandoned one before it was locked.
+bool Scratch::makeRoot(const std::string &parent)
+{
+    for (int attempt = 0; lock_ < 0 && attempt < 10; ++attempt) {
+        std::string pattern = parent + std::string{kName} + "XXXXXX";
+        if (::mkdtemp(pattern.data()) == nullptr) return false;
+        root_ = std::move(pattern);
+        removeLater(root_);
+        lock_ = lockFolder(root_);
+    }
+    return lock_ >= 0;
 }
 
 bool Scratch::link(const std::string &original, const std::string &name)

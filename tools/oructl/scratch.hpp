@@ -7,7 +7,8 @@ namespace oructl {
 
 /// A root folder with copies of the configuration files and links to everything else that the
 /// library reads. It lies in memory where there is a folder of it, so that trying costs no flash,
-/// and goes with this object, also when a signal ends the process.
+/// and goes with this object, also when a signal ends the process. That of a process that was
+/// killed goes with the next one.
 class Scratch {
 public:
     /// Of the access point below the root folder; a file that can't be read is missing in it.
@@ -23,10 +24,12 @@ public:
     bool write(const char *file, const std::string &text);
 
 private:
+    bool makeRoot(const std::string &parent);
     bool link(const std::string &original, const std::string &name);
     bool fillFolder(const std::string &original, const std::string &folder);
 
     std::string root_;
+    int lock_ = -1;
     bool made_ = false;
 };
 
