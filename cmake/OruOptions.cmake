@@ -5,6 +5,10 @@ option(ORU_WERROR "Warnings are errors" OFF)
 option(ORU_SIMD "Search configuration texts with SSE2 where the machine has it" ON)
 option(ORU_SANITIZE "Address and undefined-behaviour sanitizers" OFF)
 option(ORU_COVERAGE "Count which lines and branches of the two libraries run" OFF)
+option(ORU_PRECOMPILE "Precompile what most tests include; compiler caches gain nothing by it" OFF)
+if(NOT CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+    set(ORU_PRECOMPILE OFF) # others are stricter about options that differ between tests
+endif()
 option(ORU_FUZZ "Fuzz targets for libFuzzer, with sanitizers; needs clang" OFF)
 
 # oru_part(NAME MESSAGE [CONDITION...]): an option NAME whose default is the condition.
