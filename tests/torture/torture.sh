@@ -9,7 +9,7 @@ export ORU_TORTURE=1 ORU_KILL_EVERYWHERE=1
 [ -z "${TMPDIR:-}" ] && [ -d /dev/shm ] && [ -w /dev/shm ] && export TMPDIR=/dev/shm
 
 status=0
-ctest --test-dir "$build" --tests-regex "${2:-Torture|EachSystemCall|SaveTogether|^Killed|^PowerCut|^OructlPowerCut|^Full|^SlowServices|^RogueService|^Crowd|^Secrets}" --verbose \
+ctest --test-dir "$build" --tests-regex "${2:-Torture|EachSystemCall|SaveTogether|^Killed|^PowerCut|^OructlPowerCut|^Full|^SlowServices|^RogueService|^Crowd|^Secrets|^HostProgram|^ForkingProgram}" --verbose \
     --timeout 3600 --parallel "$(nproc)" --no-tests=error >"$log" 2>&1 || status=$?
 grep -E '\*\*\*(Failed|Timeout|Exception|Skipped|Not Run)' "$log" || true
 awk '
