@@ -104,8 +104,10 @@ TEST_F(Commit, PreSharedKeyMustBeStored)
 {
     useWpa("1");
     expectRefused(72, "Unable to read wpaPsk from dictionary");
-    box.setDelimited(kAa, "bss2.wpaPsk", "correct horse");
-    EXPECT_EQ(oruSdkCommitAll(), 0u);
+    for (const char *key : {"", "correct horse"}) { // what it is, is not looked at
+        box.setDelimited(kAa, "bss2.wpaPsk", key);
+        EXPECT_EQ(oruSdkCommitAll(), 0u);
+    }
 }
 
 TEST_F(Commit, RadiusAuthenticationNeedsAServer)
@@ -118,8 +120,26 @@ TEST_F(Commit, RadiusAuthenticationNeedsAServer)
 
 TEST_F(Commit, OtherAuthenticationTypesNeedNothingMore)
 {
-    useWpa("2");
-    EXPECT_EQ(oruSdkCommitAll(), 0u);
+    for (const char *auth : {"2", "-1"}) {
+        useWpa(auth);
+        EXPECT_EQ(oruSdkCommitAll(), 0u);
+    }
+}
+
+TEST_F(Commit, WpaIsCheckedOnABssThatIsOpenToo)
+{
+    useWpa("1");
+    box.set(kAa, "bss2.openAccessEnabled", "true");
+    expectRefused(72, "Unable to read wpaPsk from dictionary");
+}
+
+TEST_F(Commit, WpaIsCheckedBeforeTheServerOfDynamicWepAndBothAre)
+{
+    useWpa("1");
+    box.set(kAa, "bss2.dynWepEnabled", "true");
+    expectRefused(72, "Unable to read wpaPsk from dictionary");
+    box.setDelimited(kAa, "bss2.wpaPsk", "correct horse");
+    expectRefused(81, "No RADIUS servers have been configured");
 }
 
 TEST_F(Commit, WpaTypesMustBeThere)
@@ -137,6 +157,16 @@ TEST_F(Commit, MissingMixedIeModeIsOnlyAWarning)
     box.unset(kAa, "bss2.mixedIeMode");
     EXPECT_EQ(oruSdkCommitAll(), 0u);
     EXPECT_LOGGED_AT(4, "Unable to read mixedIeMode from dictionary, set to 1");
+}
+
+TEST_F(Commit, MissingMixedIeModeIsToldBeforeAMissingServer)
+{
+    useWpa("0");
+    box.unset(kAa, "bss2.mixedIeMode");
+    EXPECT_EQ(oruSdkCommitAll(), 81u);
+    EXPECT_THAT(standIn.logTexts(),
+                ElementsAre("Unable to read mixedIeMode from dictionary, set to 1",
+                            "No RADIUS servers have been configured"));
 }
 
 TEST_F(Commit, MixedIeModeIsReadWithFlag1)
@@ -183,6 +213,26 @@ TEST_F(Commit, MissingDynamicWepFlagIsTakenAsOff)
     box.unset(kAa, "bss1.dynWepEnabled");
     EXPECT_EQ(oruSdkCommitAll(), 0u);
     EXPECT_LOGGED_AT(4, "Unable to read dynamicWepEnabled from dictionary, set to 0");
+}
+
+TEST_F(Commit, MissingDynamicWepFlagIsNoSecurityMode)
+{
+    clearBss(box, 1);
+    box.unset(kAa, "bss1.dynWepEnabled");
+    EXPECT_EQ(oruSdkCommitAll(), 80u);
+    EXPECT_THAT(standIn.logTexts(),
+                ElementsAre("Unable to read dynamicWepEnabled from dictionary, set to 0",
+                            "No security mode set"));
+}
+
+TEST_F(Commit, HostProgramMayNameAnotherAa)
+{
+    authPort = 9;
+    EXPECT_EQ(oruSdkCommitAll(), 0u);
+    EXPECT_EQ(standIn.sent()[0].port, 9u);
+    EXPECT_EQ(standIn.sent()[1].port, 5000002u);
+    EXPECT_EQ(authPort, 9u);
+    authPort = 5000003;
 }
 
 TEST_F(Commit, MissingFlagsAre26)
