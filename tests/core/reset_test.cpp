@@ -123,9 +123,11 @@ TEST_F(Reset, FactoryWepKeyComesBack)
 TEST_F(Reset, MissingMixedIeModeBecomes1WithAWarning)
 {
     box.set(kAa, "bss0.mixedIeMode", "3");
+    box.set(kAa, "bss0.wpaAuthTypes", "9");
     box.unset(kAaFactory, "bss0.mixedIeMode");
     EXPECT_EQ(oruSdkResetToBss(0), 0u);
     EXPECT_EQ(box.value(kAa, "bss0.mixedIeMode"), "1");
+    EXPECT_EQ(box.value(kAa, "bss0.wpaAuthTypes"), box.value(kAaFactory, "bss0.wpaAuthTypes"));
     EXPECT_LOGGED_AT(4, "Unable to read mixedIeMode from dictionary, using 1");
 }
 
@@ -145,6 +147,14 @@ TEST_F(Reset, BssAbove3Is115BeforeAnythingIsOpened)
         EXPECT_LOGGED("Invalid bss number ID: " + std::to_string(bss));
     }
     EXPECT_THAT(standIn.calls, IsEmpty());
+}
+
+TEST_F(Reset, Bss3IsTheLastOne)
+{
+    box.set(kWsm, "bss3.wvid", "77");
+    EXPECT_EQ(oruSdkResetToBss(3), 0u);
+    EXPECT_EQ(box.value(kWsm, "bss3.wvid"), box.value(kWsmFactory, "bss3.wvid"));
+    EXPECT_NOTHING_LOGGED();
 }
 
 TEST_F(Reset, NegativeBssFormsItsKeysWithTheSign)
@@ -171,6 +181,7 @@ TEST_F(Reset, FactorySsidOf32CharactersPassesAnd33LeavesBothFiles)
     EXPECT_EQ(oruSdkResetToBss(0), 0u);
     EXPECT_EQ(box.value(kWsm, "bss0.ssId"), std::string(32, 's'));
     box.setDelimited(kWsmFactory, "bss0.ssId", std::string(33, 's'));
+    box.unset(kAaFactory, "bss0.openAccessEnabled"); // which comes next
     const std::string before = box.everything();
     EXPECT_EQ(oruSdkResetToBss(0), 23u);
     EXPECT_LOGGED("Invalid SSID length: 33");
