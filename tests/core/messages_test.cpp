@@ -22,6 +22,7 @@ Bytes replyOf(std::initializer_list<Bytes> elements, uint16_t type = 265)
 }
 
 const Bytes kResult{0, 3, 0, 10, 0, 4, 0, 0, 0, 0};
+const Bytes kResultOfAnotherKind{0, 2, 0, 10, 0, 2, 0, 0};
 const Bytes kOther{0, 2, 0, 3, 0, 2, 0, 0};
 
 struct Messages : AccessPointTest {};
@@ -51,6 +52,8 @@ TEST_F(Messages, HostProgramMayNameOtherServices)
     EXPECT_EQ(sdkSendWsmRequest(268), 0u);
     EXPECT_EQ(standIn.sent()[0].port, 7u);
     EXPECT_EQ(standIn.sent()[0].version, 8u);
+    EXPECT_EQ(port, 7u);
+    EXPECT_EQ(vers, 8u);
     port = 5000002;
     vers = 1001;
 }
@@ -90,7 +93,7 @@ TEST_F(Messages, ReplyWithoutElementsSucceeds)
 
 TEST_F(Messages, ReplyMayCarryAnyNumberOfResults)
 {
-    standIn.replyWith(replyOf({kResult, kResult, kResult}));
+    standIn.replyWith(replyOf({kResult, kResultOfAnotherKind, kResult}));
     EXPECT_EQ(sdkWsmTransaction(0, 1), 0u);
     EXPECT_NOTHING_LOGGED();
 }

@@ -141,6 +141,11 @@ TEST_F(StoreHelpers, RadiusServerCountsOnlyAboveZeroAndOnlyTheFirst)
         const Dict without{kAa};
         EXPECT_FALSE(sdkRadiusServerConfigured(without, 3));
     }
+    box.setDelimited(kAa, "radiusServer.1", "");
+    {
+        const Dict empty{kAa};
+        EXPECT_TRUE(sdkRadiusServerConfigured(empty, 3));
+    }
     box.set(kAa, "radiusServer.1", "10.0.0.1");
     Dict with{kAa};
     standIn.calls.clear();
