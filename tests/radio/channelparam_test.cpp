@@ -211,6 +211,10 @@ const Refusal kSingle[] = {
      [](const Scene &s) { s.bonding(10, 14); },
      106,
      {"Invalid Secondary channel: 14"}},
+    {"Secondary14WithBonding2",
+     [](const Scene &s) { s.set("radio0.channelBondingMode", "2"), s.channel(10, 14); },
+     106,
+     {"Invalid Secondary channel: 14"}},
     {"SecondaryFiveAway",
      [](const Scene &s) { s.channel(6, 11); },
      106,
@@ -514,6 +518,10 @@ const Accepted kAccepted[] = {
     {"NoTableAt24GHzUpwards", [](const Scene &s) { s.channel(6, 10); }},
     {"Secondary14WithoutBonding", [](const Scene &s) { s.channel(10, 14); }},
     {"SecondaryNotAllowedWithoutBonding", [](const Scene &s) { s.channel(36, 40), s.allow({36}); }},
+    {"SecondaryNotAllowedWithBonding2",
+     [](const Scene &s) {
+         s.set("radio0.channelBondingMode", "2"), s.channel(36, 40), s.allow({36});
+     }},
     {"Channel36In11a", [](const Scene &s) { s.mode("1"), s.channel(36); }},
     {"Channel14In11bg", [](const Scene &s) { s.mode("3"), s.channel(14); }},
     {"Channel36In11n", [](const Scene &s) { s.mode("9"), s.channel(36); }},
@@ -557,6 +565,17 @@ TEST_F(SetChannel, OfRadio1GoesByTheProductBandOfRadio0)
     param.radioIndex = 1;
     EXPECT_EQ(set(), 93u);
     EXPECT_LOGGED(kProduct);
+}
+
+TEST_F(SetChannel, OfRadio1GoesByTheCountryOfRadio1)
+{
+    radios[1] = {"JPI", {13, 14}, 1};
+    scene.set("radio1.dot11Mode", "3");
+    param = {1, 14, 0, 0, 0};
+    EXPECT_EQ(set(), 64u);
+    EXPECT_ERRORS(kJapan);
+    param.radioIndex = 0;
+    EXPECT_EQ(set(), 0u);
 }
 
 TEST_F(SetChannel, AutomaticOnceSwitchesMeasurementOff)
@@ -658,6 +677,12 @@ TEST_F(GetChannel, FieldsReadBeforeAFailureStay)
         "Failed to read radio0.configuredSecondaryChannel from config file /var/wsmDefaults");
     expect(72, 92, 93, 94);
 
+    param.channel = 91;
+    scene.unset("radio0.configuredChannel");
+    EXPECT_EQ(oruSdkGetChannelParam(&param), 42u);
+    EXPECT_LOGGED("Failed to read radio0.configuredChannel from config file /var/wsmDefaults");
+    expect(91, 92, 93, 94);
+
     scene.set("radio0.channelSelectionType", "0");
     scene.unset("periodicDfsFlag");
     EXPECT_EQ(oruSdkGetChannelParam(&param), 42u);
@@ -669,6 +694,18 @@ TEST_F(GetChannel, FieldsReadBeforeAFailureStay)
     EXPECT_EQ(oruSdkGetChannelParam(&param), 42u);
     EXPECT_LOGGED("Failed to read periodicDfsTmr from config file /var/wsmDefaults");
     expect(0, 92, 1, 94);
+}
+
+TEST_F(GetChannel, MissingSelectionAndMissingFileLeaveTheRecord)
+{
+    scene.unset("radio0.channelSelectionType");
+    EXPECT_EQ(oruSdkGetChannelParam(&param), 42u);
+    EXPECT_LOGGED("Failed to read radio0.channelSelectionType from config file /var/wsmDefaults");
+    expect(91, 92, 93, 94);
+    box.remove(kWsm);
+    EXPECT_EQ(oruSdkGetChannelParam(&param), 7u);
+    EXPECT_LOGGED("Unable to read WSM Defaults file /var/wsmDefaults");
+    expect(91, 92, 93, 94);
 }
 
 TEST_F(GetChannel, ChecksTheRecordThenTheRadio)

@@ -77,6 +77,12 @@ TEST_F(WorldMode, FieldsReadBeforeAFailureStay)
     EXPECT_LOGGED("Unable to read countryCodeFlag from config file /var/wsmDefaults");
     EXPECT_EQ(param.worldModeSupport, 1u);
     EXPECT_EQ(param.countryCode[0], 'x');
+
+    box.set(kWsm, "countryCodeFlag", "1");
+    box.unset(kWsm, "countryCode");
+    EXPECT_EQ(oruSdkGetWorldMode(&param), 42u);
+    EXPECT_LOGGED("Unable to read country code from config file /var/wsmDefaults");
+    EXPECT_THAT(param.countryCode, ElementsAre('x', 'y', 'z'));
 }
 
 TEST_F(WorldMode, SupportIsReadBeforeTheFlag)
