@@ -138,12 +138,14 @@ int32_t oruAsfDictGetInt(OruAsfDict *dict, const char *key, int32_t *value, int3
 
 int32_t oruAsfDictGetBool(OruAsfDict *dict, const char *key, int32_t *value, int32_t flag)
 {
+    if (flag != 0) std::abort(); // the integer read alone has another one
     if (Operations::fails("oruAsfDictGetBool", key)) return Operations::status();
     return real<decltype(oruAsfDictGetBool)>("oruAsfDictGetBool")(dict, key, value, flag);
 }
 
 int32_t oruAsfDictGetString(OruAsfDict *dict, const char *key, const char **value, int32_t flag)
 {
+    if (flag != 0) std::abort();
     if (Operations::fails("oruAsfDictGetString", key)) return Operations::status();
     return real<decltype(oruAsfDictGetString)>("oruAsfDictGetString")(dict, key, value, flag);
 }
@@ -151,6 +153,7 @@ int32_t oruAsfDictGetString(OruAsfDict *dict, const char *key, const char **valu
 int32_t oruAsfDictGetDelimitedString(OruAsfDict *dict, const char *key, const char **value,
                                      int32_t flag)
 {
+    if (flag != 0) std::abort();
     if (Operations::fails("oruAsfDictGetDelimitedString", key)) return Operations::status();
     return real<decltype(oruAsfDictGetDelimitedString)>("oruAsfDictGetDelimitedString")(
         dict, key, value, flag);
