@@ -47,6 +47,15 @@ struct Commit : AccessPointTest {
         EXPECT_THAT(standIn.sent(), IsEmpty());
         EXPECT_EQ(box.everything(), before);
     }
+
+    void expectRefusedAfter(const std::string &warning, uint32_t code, const std::string &log)
+    {
+        EXPECT_EQ(oruSdkCommitAll(), code);
+        ASSERT_THAT(standIn.logTexts(), ElementsAre(warning, log));
+        EXPECT_EQ(standIn.logs[0].level, 4);
+        EXPECT_EQ(standIn.logs[1].level, 3);
+        EXPECT_THAT(standIn.sent(), IsEmpty());
+    }
 };
 
 TEST_F(Commit, RadioSendsWsmItsNotice)
@@ -163,10 +172,8 @@ TEST_F(Commit, MissingMixedIeModeIsToldBeforeAMissingServer)
 {
     useWpa("0");
     box.unset(kAa, "bss2.mixedIeMode");
-    EXPECT_EQ(oruSdkCommitAll(), 81u);
-    EXPECT_THAT(standIn.logTexts(),
-                ElementsAre("Unable to read mixedIeMode from dictionary, set to 1",
-                            "No RADIUS servers have been configured"));
+    expectRefusedAfter("Unable to read mixedIeMode from dictionary, set to 1", 81,
+                       "No RADIUS servers have been configured");
 }
 
 TEST_F(Commit, MixedIeModeIsReadWithFlag1)
@@ -219,10 +226,8 @@ TEST_F(Commit, MissingDynamicWepFlagIsNoSecurityMode)
 {
     clearBss(box, 1);
     box.unset(kAa, "bss1.dynWepEnabled");
-    EXPECT_EQ(oruSdkCommitAll(), 80u);
-    EXPECT_THAT(standIn.logTexts(),
-                ElementsAre("Unable to read dynamicWepEnabled from dictionary, set to 0",
-                            "No security mode set"));
+    expectRefusedAfter("Unable to read dynamicWepEnabled from dictionary, set to 0", 80,
+                       "No security mode set");
 }
 
 TEST_F(Commit, HostProgramMayNameAnotherAa)
