@@ -135,16 +135,10 @@ TEST_F(Commit, OtherAuthenticationTypesNeedNothingMore)
     }
 }
 
-TEST_F(Commit, WpaIsCheckedOnABssThatIsOpenToo)
+TEST_F(Commit, WpaIsCheckedOnAnOpenBssTooAndBeforeTheServerOfDynamicWep)
 {
     useWpa("1");
     box.set(kAa, "bss2.openAccessEnabled", "true");
-    expectRefused(72, "Unable to read wpaPsk from dictionary");
-}
-
-TEST_F(Commit, WpaIsCheckedBeforeTheServerOfDynamicWepAndBothAre)
-{
-    useWpa("1");
     box.set(kAa, "bss2.dynWepEnabled", "true");
     expectRefused(72, "Unable to read wpaPsk from dictionary");
     box.setDelimited(kAa, "bss2.wpaPsk", "correct horse");
