@@ -130,6 +130,7 @@ int32_t oruAsfDictCreate(OruAsfDict **dict, const char *path)
 
 int32_t oruAsfDictGetInt(OruAsfDict *dict, const char *key, int32_t *value, int32_t flag)
 {
+    if (flag != 0 && flag != 1) std::abort();
     if (Operations::fails("oruAsfDictGetInt",
                           (std::string{key} + (flag != 0 ? " flag" : "")).c_str()))
         return Operations::status();
@@ -186,7 +187,8 @@ void oruAsfDictFree(OruAsfDict *dict)
     real<decltype(oruAsfDictFree)>("oruAsfDictFree")(dict);
 }
 
-// ---- Messages: answered by the test, unless they are let through
+// ---- Messages: answered by the test, unless they are let through. Of the results, only a negative
+// one is a failure of connect and send, and only 0 is silence.
 
 OruAsfIpc *oruAsfIpcOpen(int32_t family, int32_t type, int32_t protocol)
 {
@@ -204,7 +206,7 @@ int32_t oruAsfIpcConnect(OruAsfIpc *ipc, const char *host, uint32_t port, uint32
     if (Operations::self().sendsMessages)
         return real<decltype(oruAsfIpcConnect)>("oruAsfIpcConnect")(ipc, host, port, version);
     Operations::peer() = {host, port, version, {}};
-    return 0;
+    return 1;
 }
 
 int32_t oruAsfIpcSend(OruAsfIpc *ipc, const void *message, uint32_t length)
@@ -215,7 +217,7 @@ int32_t oruAsfIpcSend(OruAsfIpc *ipc, const void *message, uint32_t length)
     const auto *bytes = static_cast<const uint8_t *>(message);
     Operations::peer().message.assign(bytes, bytes + length);
     Operations::sent().push_back(Operations::peer());
-    return static_cast<int32_t>(length);
+    return 0;
 }
 
 int32_t oruAsfIpcCheck(OruAsfIpc *ipc, uint32_t waitMs)
@@ -224,7 +226,7 @@ int32_t oruAsfIpcCheck(OruAsfIpc *ipc, uint32_t waitMs)
     if (Operations::fails("oruAsfIpcCheck")) return 0;
     if (Operations::self().sendsMessages)
         return real<decltype(oruAsfIpcCheck)>("oruAsfIpcCheck")(ipc, waitMs);
-    return Operations::reply().has_value() ? 1 : 0;
+    return Operations::reply().has_value() ? -1 : 0;
 }
 
 int32_t oruAsfIpcRecv(OruAsfIpc *ipc, void *buffer, uint32_t size)
