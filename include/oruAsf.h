@@ -6,12 +6,15 @@
  * Conventions
  *  1. Plain C99 and C++11. Every name starts with oruAsf (operations) or OruAsf (types).
  *  2. A status of 0 or above is success, -1 failure; what an operation would have written is left
- *     alone when it fails. Nothing throws, aborts, prints or starts a thread.
+ *     alone when it fails. A NULL where a dictionary, connection, text or place is needed fails;
+ *     only the bytes of messages are not checked. Nothing throws, aborts, prints or starts a
+ *     thread.
  *  3. Handles are opaque, belong to the caller, and are given back once with the operation that
  *     their own page names. Giving back NULL does nothing.
  *  4. A handle may be used by one thread at a time; different handles are independent.
- *  5. When the environment holds ORU_ROOT (and the process is not set-uid), every absolute path
- *     below, and every socket, is looked up inside that folder. Log lines keep the plain names.
+ *  5. When the environment holds ORU_ROOT (and the process is not set-uid), every absolute path of
+ *     a configuration file, and every socket, is looked up inside that folder. Log lines keep the
+ *     plain names.
  */
 #ifndef ORU_ASF_H
 #define ORU_ASF_H
@@ -101,7 +104,7 @@ ORUASF_API int32_t oruAsfDictGetString(OruAsfDict *dict, const char *key, const 
  * @param key   the key
  * @param value as for oruAsfDictGetString()
  * @param flag  as for oruAsfDictGetInt()
- * @return the length in bytes; -1 when absent or damaged
+ * @return the length in bytes; -1 when absent or damaged, or without memory
  */
 ORUASF_API int32_t oruAsfDictGetDelimitedString(OruAsfDict *dict, const char *key,
                                                 const char **value, int32_t flag);
@@ -115,7 +118,7 @@ ORUASF_API int32_t oruAsfDictGetDelimitedString(OruAsfDict *dict, const char *ke
  * @param value the text; NULL to delete
  * @retval 0  done
  * @retval -1 a key that could not be read back (empty, with '=', blanks or control bytes, or with
- *            a leading '#'), or no memory
+ *            a leading '#'), a key or text above 4 MiB, or no memory
  */
 ORUASF_API int32_t oruAsfDictSetString(OruAsfDict *dict, const char *key, const char *value);
 
@@ -140,8 +143,10 @@ ORUASF_API int32_t oruAsfDictSetDelimitedString(OruAsfDict *dict, const char *ke
  * @param dict the dictionary
  * @param path the file
  * @retval 0  saved, and on the disk
- * @retval -1 not saved; the old file stands and nothing is left beside it. In one case the new file
- *            stands already: when its folder can't be synced, and it may not survive a power cut
+ * @retval -1 not saved (above 4 MiB, no regular file, no permission, no room, no memory, or the
+ *            disk failed); the old file stands and nothing is left beside it. In one case the new
+ *            file stands already: when its folder can't be synced, and it may not survive a power
+ *            cut
  */
 ORUASF_API int32_t oruAsfDictSave(OruAsfDict *dict, const char *path);
 
@@ -184,13 +189,14 @@ typedef struct OruAsfIpc OruAsfIpc;
 ORUASF_API OruAsfIpc *oruAsfIpcOpen(int32_t family, int32_t type, int32_t protocol);
 
 /**
- * Connects to a service of this machine.
+ * Connects to a service of this machine. Waits for 2 seconds while its queue of callers is full.
  * @param ipc     an unconnected handle
  * @param host    "localhost"
  * @param port    port identifier of the service
  * @param version protocol version; a service that listens with another one is not found
  * @retval 0  connected
- * @retval -1 nobody listens, or the service runs as neither root nor the caller's own user
+ * @retval -1 nobody listens, the queue stays full, the caller may not connect, or the service runs
+ *            as neither root nor the caller's own user
  */
 ORUASF_API int32_t oruAsfIpcConnect(OruAsfIpc *ipc, const char *host, uint32_t port,
                                     uint32_t version);
@@ -200,7 +206,8 @@ ORUASF_API int32_t oruAsfIpcConnect(OruAsfIpc *ipc, const char *host, uint32_t p
  * @param ipc     a connection
  * @param message its bytes
  * @param length  how many
- * @return length, or -1
+ * @return length; -1 when it is 0 or too much for a packet, or the peer has gone or takes nothing
+ *         now
  */
 ORUASF_API int32_t oruAsfIpcSend(OruAsfIpc *ipc, const void *message, uint32_t length);
 
@@ -242,8 +249,8 @@ ORUASF_API int32_t oruAsfIpcDescriptor(const OruAsfIpc *ipc);
 typedef struct OruAsfListener OruAsfListener;
 
 /**
- * Listens as a service. A socket that a dead service left behind is replaced; one that answers is
- * not.
+ * Listens as a service. Missing folders are made, and the socket's owner and group may connect. A
+ * socket that a dead service left behind is replaced; one that answers is not.
  * @param port    port identifier of the service
  * @param version protocol version
  * @return the listener, to be given back with oruAsfIpcUnlisten(); NULL on failure, with errno set
@@ -307,10 +314,11 @@ ORUASF_API uint8_t *oruAsfPut32(uint8_t *at, uint32_t value);
  * Stores an element.
  * @param at     where to store
  * @param type   kind and identifier
- * @param length bytes of the value; for text (kind 8) plus the 6 bytes of the element's head
+ * @param length bytes of the value; for text (kind 8) plus the 6 bytes of the element's head; not
+ *               looked at where the kind fixes it
  * @param value  a host variable of the kind's width for numbers, else the bytes
- * @return the position behind it; at itself, with nothing stored, when the length can't be: text
- * below 6, or more than 65535 bytes
+ * @return the position behind it; at itself, with nothing stored, when the length can't be (text
+ *         below 6, or more than 65535 bytes) or value is NULL and not empty
  */
 ORUASF_API uint8_t *oruAsfPutTtlv(uint8_t *at, uint32_t type, uint32_t length, const void *value);
 
@@ -369,8 +377,10 @@ enum { ORUASF_LOG_ERROR = 3, ORUASF_LOG_WARNING = 4, ORUASF_LOG_INFO = 6 };
 
 /**
  * Writes one log line: to the system log, or where the environment's ORU_LOG says: "syslog",
- * "stderr", "none" or "file:PATH". ORU_LOG_LEVEL is the highest level that is written (default 7).
- * Control bytes of the text are shown as \\xHH. Keeps errno.
+ * "stderr", "none" or "file:PATH" (which ORU_ROOT does not move; made with mode 0600, and never
+ * through a symbolic link). ORU_LOG_LEVEL, 0 to 7, is the highest level that is written (default
+ * 7). Control bytes of the text are shown as \\xHH, line feeds at its end are left out, and a line
+ * is cut below 8192 bytes. Keeps errno.
  * @param level  see above
  * @param source name of the component
  * @param line   place in the source

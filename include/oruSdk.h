@@ -6,20 +6,31 @@
  * Conventions
  *  1. Plain C99 and C++11. Every operation is synchronous and returns a return code: 0 is success,
  *     anything else indexes oruSdkRcStr[]. Operations that return something else say so.
- *  2. One operation returns 122, for which the table has no text: check a code against
- *     ORUSDK_RC_COUNT before indexing. Code 0 has no message of its own.
+ *  2. One operation returns 122, for which the table has no text, and two hand on a negative status
+ *     of liboruAsf: check a code against ORUSDK_RC_COUNT before indexing. Code 0 has no message of
+ *     its own. The entry of 120 holds the messages of 120 and 121, that of 121 the one of 122.
  *  3. Records are the caller's. A getter fills the fields that it describes and leaves the others;
- *     on failure it leaves what it had not yet read. Nothing is allocated for the caller. Fields
- *     named `reserved` are neither read nor written.
- *  4. Radio indexes are 0 and 1, BSS indexes 0 to 3. Arguments are checked in the order of the
- *     @retval lines; the first failure decides, with nothing read or written.
- *  5. A setter changes a configuration file, atomically, and nothing else: the access point takes
- *     the new values with oruSdkCommitRadio() or oruSdkCommitAll(). Operations that act at once say
- *     so.
- *  6. The library has no threads and no locks. Any thread may call any operation. Two writers of
- *     one file at the same time can lose one change, since each save writes the whole file.
- *  7. Every failure is logged once, by oruAsfLogMsg() of liboruAsf.
- *  8. When the environment holds ORU_ROOT, all files and sockets are looked up inside that folder.
+ *     on failure it leaves what it had not yet read. Nothing is allocated for the caller; refusals
+ *     that leave a dictionary in memory, on purpose, say so. Fields named `reserved` are neither
+ *     read nor written.
+ *  4. Radio indexes are 0 and 1, BSS indexes 0 to 3. What can fail is looked at in the order of the
+ *     @retval lines, or as they say; the first failure decides. What stands before 7 is looked at
+ *     before any file is read, and no file is written before 8, unless an operation says otherwise.
+ *  5. A setter changes a configuration file, atomically, and nothing else; of two files, one after
+ *     the other. The access point takes the new values with the next commit: oruSdkCommitAll(), or
+ *     for "/var/wsmDefaults" also oruSdkCommitRadio(). Operations that act at once say so.
+ *  6. The library has no threads and no locks. Any thread may call any operation; only the first
+ *     one that needs the radios (9) must not have another such one beside it. Two writers of one
+ *     file at the same time can lose one change, since each save writes the whole file.
+ *  7. Failures are logged by oruAsfLogMsg() of liboruAsf, where they are found, and some once more
+ *     by what they end. Codes that come without a line say so.
+ *  8. When the environment holds ORU_ROOT (and the process is not set-uid), all files and sockets
+ *     are looked up inside that folder.
+ *  9. A question to a service waits for at most 20 seconds, and 2 before that when the service is
+ *     too busy to be connected to. Some settings are checked against what WSM tells of the radios:
+ *     the first such check of a process asks, and its answer serves all later ones. When that
+ *     question failed, the operation that asked says what comes of it, and later ones find no
+ *     country, no channel, and a product for 2.4 GHz alone; so do all when WSM did not answer.
  */
 #ifndef ORU_SDK_H
 #define ORU_SDK_H
@@ -269,7 +280,7 @@ ORUSDK_API uint32_t oruSdkCommitRadio(void);
  * @retval 0  checked; a notice that can't be sent is only logged, on purpose
  * @retval 7  the file can't be loaded
  * @retval 26 a security flag is missing or neither "true" nor "false" ("bss%d.dynWepEnabled" counts
- * as "false" then)
+ *            as "false" then)
  * @retval 80 a BSS has no security mode
  * @retval 73 a BSS with WPA has no authentication type
  * @retval 74 a BSS with WPA has no encryption type
@@ -280,16 +291,23 @@ ORUSDK_API uint32_t oruSdkCommitAll(void);
 
 /**
  * Replaces "/var/wsmDefaults" and then "/var/1x.conf" by their factory copies (".orig" beside
- * them). Takes effect with the next commit.
+ * them). The shell's cp does it, not atomically: a full file system or a power failure can leave a
+ * part of a file. Takes effect with the next commit.
  * @retval 0  done
  * @retval 58 a file can't be copied; the one before it stays replaced
  */
 ORUSDK_API uint32_t oruSdkResetToDefaults(void);
 
 /**
- * Restores the factory values of one BSS in both files, key by key. Takes effect with the next
- * commit. A failure before the saves leaves both files unchanged; "/var/wsmDefaults" is saved
- * first.
+ * Restores the factory values of one BSS in both files, key by key: 42, 23, 26 and 25 come as their
+ * key does. Takes effect with the next commit. A failure before the saves leaves both files
+ * unchanged; "/var/wsmDefaults" is saved first.
+ * Keys "bss%d.ssId", "bss%d.suppressSSIDFlag", "bss%d.BpRSNFlag", "bss%d.enforcepintimeout" and
+ * "bss%d.wvid" of "/var/wsmDefaults"; "bss%d.openAccessEnabled", "bss%d.wpaEnabled",
+ * "bss%d.mixedIeMode" (1 when the factory file has none), "bss%d.wpaAuthTypes",
+ * "bss%d.wpaEncTypes", "bss%d.macAuthType", "bss%d.wepEnabled", "bss%d.wepKeyLen",
+ * "bss%d.wepDefaultKey", "bss%d.dynamicWepEnabled" and "bss%d.wepKey.1" to "bss%d.wepKey.4"
+ * (deleted when the factory file has none) of "/var/1x.conf".
  * @param bssIndex 0 to 3; a negative number is not refused and forms its keys with the sign
  * @retval 0   done
  * @retval 115 bssIndex is above 3
@@ -1033,7 +1051,7 @@ typedef struct OruSdkRadioInfoEntry {
     uint16_t attr8;         /**< as attr1 */
     uint32_t attr9;         /**< as attr1 */
     uint8_t bandSupport[4]; /**< [2] is 0 on a product for 2.4 GHz only; the others as sent */
-    uint8_t channelCount;   /**< channels that follow, below 60 */
+    uint8_t channelCount;   /**< channels that follow: below 60, save in an entry refused with 1 */
     uint8_t channels[63];   /**< allowed channel numbers, in WSM's order; the rest is left alone */
 } OruSdkRadioInfoEntry;
 
@@ -1055,8 +1073,7 @@ typedef struct OruSdkRadioInfo {
 } OruSdkRadioInfo;
 
 /**
- * Asks WSM for its radios: country, allowed channels, bands. Asks afresh on each call, and waits at
- * most 20 seconds.
+ * Asks WSM for its radios: country, allowed channels, bands. Asks afresh on each call.
  * @param info receives the radios; must have room for all that WSM tells of, see the record
  * @retval 0  filled; WSM that says nothing within the wait gives radioCount 0. A reply that ends
  *            inside an entry gives the whole entries before it
@@ -1078,8 +1095,8 @@ typedef struct OruSdkWorldModeParam {
 
 /**
  * Reads world mode, and the country: the configured one when "countryCodeFlag" is 1, else that of
- * radio 0 as WSM told it when the process first needed it. The letter of the environment is
- * dropped.
+ * radio 0 as WSM told it when the process first needed it; later empty when that question failed.
+ * The letter of the environment is dropped.
  * Keys "worldModeSupport", "countryCodeFlag" and "countryCode" of "/var/wsmDefaults", device-wide.
  * @param param worldModeSupport and countryCode receive what is read, in this order
  * @retval 0  read
@@ -1138,12 +1155,15 @@ ORUSDK_API uint32_t oruSdkGetChannelParam(OruSdkChannelParam *param);
 /**
  * Sets a radio's channel. A fixed channel must fit radar detection, 802.11 mode, channel bonding,
  * the product, the regulatory domain as WSM told it when the process first needed it, and the fixed
- * rate; an automatic one only radar detection and the mode. Takes effect with the next commit.
+ * rate; an automatic one is not checked, yet the keys of the first three must be readable. Takes
+ * effect with the next commit.
  * Keys as in oruSdkGetChannelParam(), and "periodicMeasFlag" and "measurementDisabled",
- * device-wide; a fixed channel switches periodic measurement off, and one of 5 GHz sets
+ * device-wide; a fixed channel and autoSelMode 0 switch periodic measurement off, autoSelMode 1 on.
+ * An automatic channel stores 0 for both channels; a fixed one of 5 GHz sets
  * "radio%d.broadcastRate5GHz" to 69. Reads "radio%d.radarDetectFlag", "radio%d.channelBondingMode"
  * and "radio%d.dot11Mode", and for a fixed channel "radio%d.bandType" and "radio%d.fixedRate". When
- * WSM could not be asked, no channel counts as allowed.
+ * WSM could not be asked, no channel counts as allowed (88); later calls, and all when WSM did not
+ * answer, refuse those of 5 GHz with 93.
  * @param param radioIndex 0 or 1; channel 0 with autoSelMode 0 to 2 (and any periodicDfsTimer when
  *              that is 1), or a channel that exists with secondaryChannel 0 or four channels apart
  * @retval 0   written
@@ -1335,7 +1355,8 @@ ORUSDK_API uint32_t oruSdkGetRadarDetect(OruSdkFeatureParam *param);
 ORUSDK_API uint32_t oruSdkSetRadarDetect(OruSdkFeatureParam *param);
 
 /**
- * Replaces the list of channels on which radar was seen, which outlives a restart.
+ * Replaces the list of channels on which radar was seen, which outlives a restart. Takes effect
+ * when WSM next reads the list.
  * Key "rdrChans" of "/config/wsmSavedRadarDetectList", device-wide.
  * @param channels the list, NUL-terminated, in the form that WSM reads; stored as it is
  * @retval 0  written
@@ -1680,7 +1701,7 @@ typedef struct OruSdkBasicRateSetInfo {
  * @retval 2  info is NULL
  * @retval 3  radioIndex is 2 or more
  * @retval 7  the file can't be loaded
- * @retval 42 a key is missing; the texts before it are filled
+ * @retval 42 a key is missing or damaged; the texts before it are filled
  * @see oruSdkSetBasicRateSetParam
  */
 ORUSDK_API uint32_t oruSdkGetBasicRateSetParam(OruSdkBasicRateSetInfo *info);
@@ -2036,7 +2057,7 @@ ORUSDK_API uint32_t oruSdkGetDynamicProfileSelect(OruSdkOptionParam *param);
 /**
  * Sets the dynamic profile selection, which needs WMM. Takes effect with the next commit. Key
  * "dynamicProfileSelection" of "/var/wsmDefaults", one for both radios: radioIndex only has to be
- * valid.
+ * valid. Reads "wmmEnabledFlag" and "TrafficClassifier" first.
  * @param param radioIndex 0 or 1; featureOptions 0 (Tavon), 1 (WMM) or 2 (off)
  * @retval 0   written
  * @retval 2   param is NULL
@@ -2100,9 +2121,10 @@ typedef struct OruSdkSuppressSsidParam {
  * Key "bss%d.radioctrl" of "/var/1x.conf", saved first, and "bss%d.radio" of "/var/wsmDefaults",
  * which also gives the present mask: bit 0 is radio 0, bit 1 radio 1. A change keeps the low 16
  * bits. When the radio is in the requested state already, nothing is written and a line is logged.
+ * A 7 for the second file and a 42 leave a dictionary in memory, on purpose.
  * @param param bssIndex up to 3, a negative one forms its keys with the sign; radioIndex 0 or 1,
  *              any other one writes the mask back as it is; enable 0 or 1, which receives the new
- *              mask
+ *              mask when that is to be written
  * @retval 0   written, or in the requested state already
  * @retval 2   param is NULL
  * @retval 115 bssIndex is above 3
@@ -2132,7 +2154,7 @@ ORUSDK_API uint32_t oruSdkGetAssignBssReq(int32_t bssIndex, uint32_t *mask);
 /**
  * Sets the SSID of a BSS. Takes effect with the next commit.
  * Key "bss%d.ssId" of "/var/wsmDefaults", saved first, and of "/var/1x.conf". A "bss%d.wpsstate" of
- * 1 in "/var/wsmDefaults" becomes 2.
+ * 1 in "/var/wsmDefaults" becomes 2. The codes 2 and 115 leave a dictionary in memory, on purpose.
  * @param bssIndex up to 3; a negative one forms its keys with the sign
  * @param ssid any bytes; only the first 32 are read and count; may be empty
  * @retval 0   written
@@ -2156,7 +2178,7 @@ ORUSDK_API uint32_t oruSdkSetSsid(int32_t bssIndex, const char *ssid);
  * @retval 2   ssid or length is NULL
  * @retval 115 bssIndex is above 3
  * @retval 7   the file can't be loaded
- * @retval 42  the key is missing
+ * @retval 42  the key is missing or damaged
  * @retval 23  the stored SSID has more than 32 characters
  * @see oruSdkSetSsid
  */
@@ -2288,7 +2310,7 @@ ORUSDK_API uint32_t oruSdkGetVlanId(uint32_t *vlanId, uint32_t bssIndex);
  * @retval 0  written
  * @retval 2  argv, or one of the arguments from argv[3] on, is NULL, or argc is below 5
  * @retval 7  the file can't be loaded
- * @retval 25 a key can't be written
+ * @retval 25 a key can't be written; behind "eth%d.pvid", the driver has been told
  * @retval 8  the file can't be saved; the driver has been told by then
  * @see oruSdkGetEtherVlanId
  */
@@ -2317,7 +2339,8 @@ ORUSDK_API uint32_t oruSdkGetEtherVlanId(uint16_t *vlanIds, uint32_t *count, uin
  * Switches open access of a BSS on or off. Takes effect with the next commit.
  * Key "bss%d.openAccessEnabled" of "/var/1x.conf". Switching on needs WEP and WPA off and an 802.11
  * mode that is not 802.11n only, and sets "bss%d.BpRSNFlag" of "/var/wsmDefaults", saved first, to
- * 0. Switching off never fails on another mode, and touches none.
+ * 0. Switching off never fails on another mode, and touches none. A 114 leaves two dictionaries in
+ * memory, on purpose.
  * @param bssIndex up to 3; a negative one forms its keys with the sign
  * @param enable 0 (off) or 1 (on)
  * @retval 0   written
@@ -2353,11 +2376,12 @@ ORUSDK_API uint32_t oruSdkGetSecModeOpen(int32_t bssIndex, uint32_t *enabled);
  * Switches WPA of a BSS on or off. Takes effect with the next commit.
  * Off: "bss%d.wpaEnabled" of "/var/1x.conf" becomes false, "bss%d.BpRSNFlag" and "bss%d.BpPskFlag"
  * of "/var/wsmDefaults" become 0; the types stay stored, and authType and encType are not looked
- * at.
+ * at; each call leaves a dictionary in memory, on purpose.
  * On: needs open access and WEP off. Sets "bss%d.wpaEnabled", "bss%d.wpaAuthTypes",
  * "bss%d.wpaEncTypes" and "bss%d.mixedIeMode" of "/var/1x.conf", and "bss%d.BpRSNFlag" (encType +
  * 1), "bss%d.BpPskFlag" (authType) and "bss%d.wpsstate" (2) of "/var/wsmDefaults".
- * "/var/wsmDefaults" is saved first.
+ * "/var/wsmDefaults" is saved first. Its 29 for a mode that is 802.11n only leaves two dictionaries
+ * in memory, on purpose.
  * @param bssIndex up to 3; a negative one forms its keys with the sign
  * @param wpaMode 0 off, 1 WPA, 2 WPA2, 3 both
  * @param authType 0 RADIUS, 1 pre-shared key; a negative number is not refused
@@ -2406,8 +2430,9 @@ ORUSDK_API uint32_t oruSdkGetSecModeWpa(int32_t bssIndex, uint32_t *wpaMode, uin
  * stay stored, and the arguments behind enable are not looked at. On: needs open access and WPA off
  * and an 802.11 mode that is not 802.11n only. Sets "bss%d.BpRSNFlag" of "/var/wsmDefaults", saved
  * first, to 0, and "bss%d.wepEnabled", "bss%d.dynamicWepEnabled", "bss%d.wepKeyLen",
- * "bss%d.wepDefaultKey" and "bss%d.wepKey.1" to "bss%d.wepKey.4" of "/var/1x.conf". A key that is
- * not given is deleted. Lines that refuse a key show it.
+ * "bss%d.wepDefaultKey" and "bss%d.wepKey.1" to "bss%d.wepKey.4" (pairs of digits joined by colons)
+ * of "/var/1x.conf". A key that is not given is deleted. Lines that refuse a key show it. A 114
+ * leaves a dictionary in memory, on purpose.
  * @param bssIndex up to 3; a negative one forms its keys with the sign
  * @param enable 0 (off) or 1 (on)
  * @param keyLength bytes of a key: 5 or 13, for dynamic WEP, too
@@ -2505,7 +2530,7 @@ ORUSDK_API uint32_t oruSdkSetWpaPsk(int32_t bssIndex, const char *psk);
  * @retval 2   psk or length is NULL
  * @retval 115 bssIndex is above 3
  * @retval 7   the file can't be loaded
- * @retval 72  no key is stored
+ * @retval 72  no key is stored, or a damaged one
  * @see oruSdkSetWpaPsk
  */
 ORUSDK_API uint32_t oruSdkGetWpaPsk(int32_t bssIndex, char *psk, uint32_t *length);
@@ -2631,7 +2656,7 @@ ORUSDK_API uint32_t oruSdkSetRadiusConf(int32_t timeout, int32_t maxTries, int32
  * @retval 0  read
  * @retval 2  a pointer is NULL
  * @retval 7  the file can't be loaded
- * @retval 81 "radiusTimeout" is missing: no servers are configured
+ * @retval 81 "radiusTimeout" is missing or no number: no servers are configured
  * @retval 26 "radiusMaxTries" or "numRadiusServers" can't be read
  * @see oruSdkSetRadiusConf
  */
@@ -2754,7 +2779,7 @@ ORUSDK_API uint32_t oruSdkSetApEnforcePinTimeout(int32_t bssIndex, uint32_t enfo
 
 /**
  * Reads the WPS state of a BSS.
- * Key "bss%d.wpsstate" of "/var/wsmDefaults".
+ * Key "bss%d.wpsstate" of "/var/wsmDefaults". A 109 is not logged.
  * @param bssIndex 0 to 3; a negative number is not refused and forms its key with the sign
  * @param state receives the stored number as it is
  * @retval 0   read
@@ -2783,7 +2808,7 @@ ORUSDK_API uint32_t oruSdkSetWscState(int32_t bssIndex, uint32_t state);
 
 /**
  * Reads whether WPS is on for a BSS.
- * Key "bss%d.wscEnabledFlag" of "/var/1x.conf".
+ * Key "bss%d.wscEnabledFlag" of "/var/1x.conf". A 109 is not logged.
  * @param bssIndex 0 to 3; a negative number is not refused and forms its key with the sign
  * @param enabled receives the stored number as it is
  * @retval 0   read
@@ -2820,7 +2845,7 @@ ORUSDK_API uint32_t oruSdkSetWsc(int32_t bssIndex, uint32_t enabled);
  * @retval 2   uuid or length is NULL
  * @retval 115 bssIndex is above 3
  * @retval 7   the file can't be loaded
- * @retval 42  the key is missing
+ * @retval 42  the key is missing or damaged
  * @retval 108 the stored text has more than 32 characters
  * @see oruSdkSetUuid
  */
@@ -2852,7 +2877,7 @@ ORUSDK_API uint32_t oruSdkSetUuid(int32_t bssIndex, const char *uuid);
  * @retval 2   interface or length is NULL
  * @retval 115 bssIndex is above 3
  * @retval 7   the file can't be loaded
- * @retval 109 the key is missing: the feature is off
+ * @retval 109 the key is missing or damaged: the feature is off
  * @retval 1   the stored name has more than 9 characters
  * @see oruSdkSetWpsIntf
  */
@@ -2882,7 +2907,7 @@ ORUSDK_API uint32_t oruSdkSetWpsIntf(int32_t bssIndex, const char *interface);
  * @retval 2  param is NULL; after 3, ssid or bssid is
  * @retval 3  radioIndex is 2 or more
  * @retval 7  the file can't be loaded
- * @retval 42 a key is missing
+ * @retval 42 a key is missing or damaged
  * @see oruSdkSetClientAdminCrit
  */
 ORUSDK_API uint32_t oruSdkGetClientAdminCrit(OruSdkClientAdminCritParam *param);
@@ -2911,7 +2936,7 @@ ORUSDK_API uint32_t oruSdkSetClientAdminCrit(OruSdkClientAdminCritParam *param);
 /**
  * Gives WSM the access point's own WPS PIN, at once, and stores it. The PIN's form is WSM's to
  * judge; its verdict is only logged, and the PIN is stored whatever it says. No answer within 20 s
- * is no failure. Key "bss%d.appinpasswd" of "/var/wsmDefaults".
+ * is no failure. Key "bss%d.appinpasswd" of "/var/wsmDefaults". A 3 is not logged.
  * @param radioIndex 0 or 1 (the low 16 bits count)
  * @param bssIndex   0 to 3 (the low 16 bits count)
  * @param pin        the PIN, NUL-terminated, at most 1900 characters
@@ -2938,7 +2963,7 @@ ORUSDK_API uint32_t oruSdkSetDevicePin(uint32_t radioIndex, uint32_t bssIndex, c
  * @retval 2   pin or length is NULL
  * @retval 115 bssIndex is 4 or more
  * @retval 7   the file can't be loaded
- * @retval 42  the key is missing
+ * @retval 42  the key is missing or damaged
  * @retval 108 the stored PIN has 65 characters or more
  * @see oruSdkSetDevicePin
  */
@@ -2946,7 +2971,7 @@ ORUSDK_API uint32_t oruSdkGetDevicePin(int32_t bssIndex, char *pin, uint32_t *le
 
 /**
  * Asks WSM to generate a new password of the access point, at once. Nothing is stored here. No
- * answer within 20 s is no failure.
+ * answer within 20 s is no failure. A 3 is not logged.
  * @param radioIndex 0 or 1 (the low 16 bits count)
  * @param bssIndex   0 to 3 (the low 16 bits count)
  * @retval 0   asked
@@ -2962,6 +2987,7 @@ ORUSDK_API uint32_t oruSdkGenPassword(uint32_t radioIndex, uint32_t bssIndex);
 /**
  * Starts a WPS enrollment, at once. WSM's verdict is only logged: ask oruSdkGetWscStatus(). No
  * answer within 20 s is no failure. Refused unless "bss%d.wscEnabledFlag" of "/var/1x.conf" is on.
+ * A 3 is not logged. Neither is a method that is not known.
  * @param method     0 by the station's PIN, 1 push button, 2 the access point as enrollee by its
  * PIN
  * @param radioIndex 0 or 1 (the low 16 bits count)
@@ -2973,7 +2999,7 @@ ORUSDK_API uint32_t oruSdkGenPassword(uint32_t radioIndex, uint32_t bssIndex);
  * @retval 115 bssIndex is 4 or more
  * @retval 2   pin is NULL
  * @retval 7   the file can't be loaded
- * @retval 109 WPS is off, or its flag missing
+ * @retval 109 WPS is off, or its flag missing or no number
  * @retval 48  WSM can't be reached, the method is not known, or the PIN is too long for a message
  * @retval 119 the reply is not as expected
  * @see oruSdkGetWscStatus, oruSdkSetWsc
@@ -3040,8 +3066,9 @@ ORUSDK_API uint32_t oruSdkGetStaStats(OruSdkStaStatsParam *param);
  * longer word that begins with it, it is not found; at the end of a longer word, it is.
  * @param name the counter
  * @param text a statistics text
- * @return its value, within 32 bits signed; -1 when it is not found, has no number, or an argument
- * is NULL
+ * @return its value, or the nearest number of 32 bits, signed; -1 when it is not found or has no
+ * number, when name is empty, or when an argument is NULL
+ * @see oruSdkGetRadioStats, oruSdkGetStaStats
  */
 ORUSDK_API int32_t oruSdkGetStatsValue(const char *name, const char *text);
 
@@ -3122,7 +3149,7 @@ typedef struct OruSdkRadioParam {
 } OruSdkRadioParam;
 
 /**
- * Asks WSM for the BSSes of a radio.
+ * Asks WSM for the BSSes of a radio. An element of the reply that does not fit (48) is not logged.
  * @param param radioIndex; the entries receive what WSM says, numBss their number: 0 when no answer
  *              comes within 20 s. After a failure numBss is as it was.
  * @retval 0  asked
@@ -3132,7 +3159,8 @@ typedef struct OruSdkRadioParam {
 ORUSDK_API uint32_t oruSdkGetBssListParam(OruSdkBssListParam *param);
 
 /**
- * Asks WSM for the networks that the radios hear.
+ * Asks WSM for the networks that the radios hear. An element of the reply that does not fit (48) is
+ * not logged.
  * @param param receives the entries, numEntries their number: 0 when no answer comes within 20 s.
  * It stays as it was after a failure, and when the last entry lacks its SSID.
  * @retval 0  asked
@@ -3142,7 +3170,8 @@ ORUSDK_API uint32_t oruSdkGetBssListParam(OruSdkBssListParam *param);
 ORUSDK_API uint32_t oruSdkGetScanlistParam(OruSdkScanlistParam *param);
 
 /**
- * Asks WSM for the stations of a BSS.
+ * Asks WSM for the stations of a BSS. A 3 is not logged. An element of the reply that does not fit
+ * (48) is not logged.
  * @param param bssIndex and radioIndex; receives the stations, numStations their number: 0 when no
  *              answer comes within 20 s. After a failure it is as it was.
  * @retval 0   asked
@@ -3150,18 +3179,19 @@ ORUSDK_API uint32_t oruSdkGetScanlistParam(OruSdkScanlistParam *param);
  * @retval 3   radioIndex is 2 or more
  * @retval 115 bssIndex is 4 or more
  * @retval 48  WSM can't be reached, or its reply is not as expected (more than 256 stations among
- * it)
+ *             it)
  */
 ORUSDK_API uint32_t oruSdkGetStationParam(OruSdkStationParam *param);
 
 /**
- * Asks WSM for the radios and their BSSes.
+ * Asks WSM for the radios and their BSSes. An element of the reply that does not fit (48) is not
+ * logged.
  * @param param receives the radios, numRadios their number: 0 when no answer comes within 20 s.
  * After a failure it is as it was.
  * @retval 0  asked
  * @retval 2  param is NULL
  * @retval 48 WSM can't be reached, or its reply is not as expected (more than 2 radios, or 4 BSSes
- * of one, among it)
+ *            of one, among it)
  */
 ORUSDK_API uint32_t oruSdkGetRadioParam(OruSdkRadioParam *param);
 
@@ -3230,13 +3260,13 @@ typedef struct OruSdkBssInfoParam {
  * @retval 2   param is NULL
  * @retval 115 bssIndex is above 3
  * @retval 7   a file can't be loaded
- * @retval 42  "bss%d.ssId" is missing; after 23, "bss%d.suppressSSIDFlag" is missing or no number,
- *             with the SSID filled
+ * @retval 42  "bss%d.ssId" is missing or damaged; after 23, "bss%d.suppressSSIDFlag" is missing or
+ *             no number, with the SSID filled
  * @retval 23  the stored SSID has more than 32 characters
  * @retval 26  "bss%d.openAccessEnabled", "bss%d.wpaEnabled" or "bss%d.wepEnabled" is missing or no
  *             boolean; "bss%d.dynamicWepEnabled" is then taken as off, with a warning
- * @retval 73  WPA is on, and the authentication type is missing
- * @retval 74  WPA is on, and the encryption type is missing
+ * @retval 73  WPA is on, and the authentication type is missing or no number
+ * @retval 74  WPA is on, and the encryption type is missing or no number
  * @retval 81  the BSS needs a RADIUS server, and none is configured
  */
 ORUSDK_API uint32_t oruSdkGetBssInfoParam(OruSdkBssInfoParam *param);
