@@ -307,7 +307,7 @@ ORUSDK_API uint32_t oruSdkResetToDefaults(void);
  * "bss%d.mixedIeMode" (1 when the factory file has none), "bss%d.wpaAuthTypes",
  * "bss%d.wpaEncTypes", "bss%d.macAuthType", "bss%d.wepEnabled", "bss%d.wepKeyLen",
  * "bss%d.wepDefaultKey", "bss%d.dynamicWepEnabled" and "bss%d.wepKey.1" to "bss%d.wepKey.4"
- * (deleted when the factory file has none) of "/var/1x.conf".
+ * (deleted when the factory file has none) of "/var/1x.conf", whose "bss%d.ssId" stays.
  * @param bssIndex 0 to 3; a negative number is not refused and forms its keys with the sign
  * @retval 0   done
  * @retval 115 bssIndex is above 3

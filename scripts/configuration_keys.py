@@ -126,6 +126,8 @@ def operations(known):
     found = {key: ([], []) for key in known}
     everything = {o.name: o for o in header.read(SOURCES / "include/oruSdk.h").operations}
     for operation in everything.values():
+        if operation.name == "oruSdkResetToBss":
+            continue  # the page says it of all keys at once
         text = operation.text
         for other in re.findall(r"[Kk]eys (?:are those of|as in) (\w+)", text):
             text = everything[other].text.partition(" Reads ")[0] + " " + text
