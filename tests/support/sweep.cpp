@@ -52,4 +52,28 @@ TEST_P(FailureSweep, EachCallThatFailsGivesItsCodeOneLogLineAndLeavesNothingOpen
     }
 }
 
+GTEST_ALLOW_UNINSTANTIATED_PARAMETERIZED_TEST(StatusSweep);
+
+TEST_P(StatusSweep, AnyStatusOfADictionaryBut0IsAFailure)
+{
+    constexpr int32_t kStatus = 7;
+    const SweepRow &row = GetParam();
+    for (size_t n = 0; n < row.steps.size(); ++n) {
+        const Step &step = row.steps[n];
+        // A read of a text gives a length, or 0 for an absent one.
+        const bool text = step.call.starts_with("oruAsfDictGetString") ||
+                          step.call.starts_with("oruAsfDictGetDelimitedString");
+        if (!step.call.starts_with("oruAsfDict") || text || step.minusOneAlone) continue;
+        SCOPED_TRACE(row.name + ", " + step.call);
+        box.restore();
+        standIn.reset();
+        if (row.prepare) row.prepare(box, standIn);
+        standIn.failAt(static_cast<int>(n) + 1, kStatus);
+        const uint32_t code = row.operation();
+        EXPECT_EQ(code, step.code == UINT32_MAX ? kStatus : step.code); // some hand it on
+        EXPECT_EQ(standIn.logTexts().empty(), step.log.empty());
+        EXPECT_EQ(standIn.openDicts(), step.leftOpen);
+    }
+}
+
 } // namespace oru::test
