@@ -157,6 +157,18 @@ TEST_F(AssignBss, FlagAbove1Is38AfterBothFilesAndTheMask)
     }
 }
 
+TEST_F(AssignBss, RefusedFlagStaysInTheRecordForEveryRadio)
+{
+    store("1");
+    for (const uint32_t radio : {0u, 1u, 2u})
+        for (const uint32_t enable : {2u, 3u, UINT32_MAX}) {
+            OruSdkAssignBssParam param{1, radio, enable};
+            EXPECT_EQ(oruSdkAssignBss(&param), 38u);
+            EXPECT_EQ(param.enable, enable);
+            EXPECT_LOGGED("Invalid BOOLEAN value " + std::to_string(static_cast<int32_t>(enable)));
+        }
+}
+
 TEST_F(AssignBss, MissingMaskComesBeforeTheFlagAndLeavesTheSecurityFileOpen)
 {
     box.unset(kWsm, "bss1.radio");
@@ -284,6 +296,7 @@ std::vector<SweepRow> rows()
            "Unable to read bss1.radio from config file /var/wsmDefaults"}}}};
 }
 INSTANTIATE_TEST_SUITE_P(Assignment, FailureSweep, ::testing::ValuesIn(rows()), rowName);
+INSTANTIATE_TEST_SUITE_P(Assignment, StatusSweep, ::testing::ValuesIn(rows()), rowName);
 
 } // namespace
 } // namespace oru::test

@@ -355,6 +355,7 @@ std::vector<SweepRow> rows()
             {"GetEtherVlanId", nullptr, [] { return Read{1}.code; }, getting}};
 }
 INSTANTIATE_TEST_SUITE_P(EtherVlan, FailureSweep, ::testing::ValuesIn(rows()), rowName);
+INSTANTIATE_TEST_SUITE_P(EtherVlan, StatusSweep, ::testing::ValuesIn(rows()), rowName);
 
 } // namespace
 } // namespace oru::test

@@ -139,6 +139,24 @@ TEST_F(MacAcl, ListMustBeThereInModes1And2)
     EXPECT_EQ(box.everything(), before);
 }
 
+TEST_F(MacAcl, ModeIsWrittenBeforeTheListIsLookedAt)
+{
+    const uint32_t mode = 1;
+    const std::vector<std::string> opened{"oruAsfDictCreate /var/1x.conf",
+                                          "oruAsfDictSetString localMacAcl"};
+    standIn.calls.clear();
+    EXPECT_EQ(oruSdkSetMacAclList(&mode, nullptr, nullptr), 2u);
+    EXPECT_LOGGED("NULL pointer");
+    EXPECT_EQ(standIn.calls, opened);
+    standIn.calls.clear();
+    EXPECT_EQ(set(1, 257, ""), 89u);
+    EXPECT_LOGGED("Invalid numEntries:257");
+    EXPECT_EQ(standIn.calls, opened);
+    standIn.failAt(2);
+    EXPECT_EQ(oruSdkSetMacAclList(&mode, nullptr, nullptr), 25u);
+    EXPECT_LOGGED("Unable to write localMacAcl to dictionary");
+}
+
 TEST_F(MacAcl, MissingFileComesBeforeTheList)
 {
     box.remove(kAa);
@@ -404,6 +422,7 @@ std::vector<SweepRow> rows()
            "Unable to read localMacAcl.2 from dictionary"}}}};
 }
 INSTANTIATE_TEST_SUITE_P(MacAcl, FailureSweep, ::testing::ValuesIn(rows()), rowName);
+INSTANTIATE_TEST_SUITE_P(MacAcl, StatusSweep, ::testing::ValuesIn(rows()), rowName);
 
 } // namespace
 } // namespace oru::test

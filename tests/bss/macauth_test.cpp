@@ -50,6 +50,19 @@ TEST_F(MacAuth, BssAbove3Is115BeforeTheType)
     EXPECT_THAT(standIn.calls, IsEmpty());
 }
 
+TEST_F(MacAuth, Bss0And3AreAccepted)
+{
+    for (const int32_t bss : {0, 3}) {
+        const OruSdkMacAuthParam param{bss, 0, 2};
+        EXPECT_EQ(oruSdkSetMacAuth(&param), 0u);
+        EXPECT_EQ(box.value(kAa, "bss" + std::to_string(bss) + ".macAuthType"), "2");
+        OruSdkMacAuthParam read{bss, 0, 77};
+        EXPECT_EQ(oruSdkGetMacAuth(&read), 0u);
+        EXPECT_EQ(read.authType, 2u);
+    }
+    EXPECT_EQ(box.value(kAa, "bss1.macAuthType"), "1");
+}
+
 TEST_F(MacAuth, GetterNamesTheRadioWhenTheBssIsAbove3)
 {
     OruSdkMacAuthParam param{4, 4294967295u, 77};
@@ -115,6 +128,7 @@ std::vector<SweepRow> rows()
            "Unable to read macAuthType from config file /var/1x.conf"}}}};
 }
 INSTANTIATE_TEST_SUITE_P(MacAuth, FailureSweep, ::testing::ValuesIn(rows()), rowName);
+INSTANTIATE_TEST_SUITE_P(MacAuth, StatusSweep, ::testing::ValuesIn(rows()), rowName);
 
 } // namespace
 } // namespace oru::test

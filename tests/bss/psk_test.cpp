@@ -266,6 +266,7 @@ std::vector<SweepRow> rows()
            "Unable to read wpaPsk from dictionary"}}}};
 }
 INSTANTIATE_TEST_SUITE_P(Psk, FailureSweep, ::testing::ValuesIn(rows()), rowName);
+INSTANTIATE_TEST_SUITE_P(Psk, StatusSweep, ::testing::ValuesIn(rows()), rowName);
 
 } // namespace
 } // namespace oru::test

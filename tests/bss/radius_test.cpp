@@ -179,6 +179,7 @@ TEST_F(Radius, ServersAreCheckedAndWrittenOneByOne)
     servers[2] = server("n", 1, "");
     expectRefused(1, 1, 3, servers, 86, "Invalid length 0 for RADIUS server secret");
     EXPECT_THAT(standIn.calls, Contains("oruAsfDictSetString radiusPort.3"));
+    EXPECT_THAT(standIn.calls, Not(Contains("oruAsfDictSetString radiusSecret.3")));
     EXPECT_EQ(oruSdkSetRadiusConf(1, 1, 0, 2, servers), 0u); // the third is not looked at
 }
 
@@ -376,6 +377,7 @@ std::vector<SweepRow> rows()
              get}};
 }
 INSTANTIATE_TEST_SUITE_P(Radius, FailureSweep, ::testing::ValuesIn(rows()), rowName);
+INSTANTIATE_TEST_SUITE_P(Radius, StatusSweep, ::testing::ValuesIn(rows()), rowName);
 
 } // namespace
 } // namespace oru::test

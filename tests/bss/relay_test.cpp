@@ -205,6 +205,7 @@ std::vector<SweepRow> rows()
                "Unable to read inter Bss status from config file"}}}};
 }
 INSTANTIATE_TEST_SUITE_P(Relay, FailureSweep, ::testing::ValuesIn(rows()), rowName);
+INSTANTIATE_TEST_SUITE_P(Relay, StatusSweep, ::testing::ValuesIn(rows()), rowName);
 
 } // namespace
 } // namespace oru::test

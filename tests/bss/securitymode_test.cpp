@@ -164,6 +164,27 @@ TEST_F(SecModeOpen, ReaderChecksPointerThenBss)
     EXPECT_EQ(enabled, 9u);
 }
 
+TEST_F(SecurityMode, Bss0And3AreAccepted)
+{
+    for (const int32_t bss : {0, 3}) {
+        const std::string prefix = "bss" + std::to_string(bss) + ".";
+        for (const char *flag : {"openAccessEnabled", "wepEnabled", "wpaEnabled"})
+            box.set(kAa, prefix + flag, "false");
+        uint32_t enabled = 9;
+        uint32_t auth = 9;
+        uint32_t enc = 9;
+        EXPECT_EQ(oruSdkSetSecModeOpen(bss, 1), 0u);
+        EXPECT_EQ(oruSdkGetSecModeOpen(bss, &enabled), 0u);
+        EXPECT_EQ(enabled, 1u);
+        EXPECT_EQ(oruSdkSetSecModeOpen(bss, 0), 0u);
+        EXPECT_EQ(oruSdkSetSecModeWpa(bss, 2, 1, 0), 0u);
+        EXPECT_EQ(oruSdkGetSecModeWpa(bss, &enabled, &auth, &enc), 0u);
+        EXPECT_EQ(enabled, 2u);
+        EXPECT_EQ(wsm(prefix + "wpsstate"), "2");
+    }
+    EXPECT_NOTHING_LOGGED();
+}
+
 // ---- WPA on
 
 struct SecModeWpa : SecurityMode {
@@ -526,6 +547,7 @@ std::vector<SweepRow> rows()
     };
 }
 INSTANTIATE_TEST_SUITE_P(SecurityMode, FailureSweep, ::testing::ValuesIn(rows()), rowName);
+INSTANTIATE_TEST_SUITE_P(SecurityMode, StatusSweep, ::testing::ValuesIn(rows()), rowName);
 
 } // namespace
 } // namespace oru::test

@@ -176,6 +176,15 @@ TEST_F(Ssid, FileComesBeforeTheArguments)
     EXPECT_LOGGED("Unable to read WSM Defaults file /var/wsmDefaults");
 }
 
+TEST_F(Ssid, Bss0And3AreAccepted)
+{
+    for (const int32_t bss : {0, 3}) {
+        EXPECT_EQ(oruSdkSetSsid(bss, "name"), 0u);
+        EXPECT_EQ(get(bss), "name");
+    }
+    EXPECT_NOTHING_LOGGED();
+}
+
 TEST_F(Ssid, NegativeBssFormsItsKeysWithTheSign)
 {
     box.set(kWsm, "bss-1.wpsstate", "1");
@@ -295,6 +304,7 @@ std::vector<SweepRow> rows()
                "Unable to read ssid from config file /var/1x.conf"}}}};
 }
 INSTANTIATE_TEST_SUITE_P(Ssid, FailureSweep, ::testing::ValuesIn(rows()), rowName);
+INSTANTIATE_TEST_SUITE_P(Ssid, StatusSweep, ::testing::ValuesIn(rows()), rowName);
 
 } // namespace
 } // namespace oru::test

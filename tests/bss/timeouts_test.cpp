@@ -125,6 +125,10 @@ TEST_F(Timeouts, EachBssHasItsOwnKeys)
     EXPECT_EQ(oruSdkGetSecTimeouts(&param, 3), 0u);
     EXPECT_EQ(param.sessionTimeout, 3333); // what is stored is not checked
     EXPECT_EQ(param.groupKeyTimeout, -4);
+    param = {60, 61};
+    EXPECT_EQ(oruSdkSetSecTimeouts(&param, 3), 0u);
+    EXPECT_EQ(box.value(kAa, "bss3.sessionTimeout"), "60");
+    EXPECT_EQ(box.value(kAa, "bss3.groupKeyTimeout"), "61");
 }
 
 TEST_F(Timeouts, FieldIsFilledAsSoonAsItsKeyIsRead)
@@ -174,6 +178,7 @@ std::vector<SweepRow> rows()
                "Unable to read groupKeyTimeout from config file /var/1x.conf"}}}};
 }
 INSTANTIATE_TEST_SUITE_P(Timeouts, FailureSweep, ::testing::ValuesIn(rows()), rowName);
+INSTANTIATE_TEST_SUITE_P(Timeouts, StatusSweep, ::testing::ValuesIn(rows()), rowName);
 
 } // namespace
 } // namespace oru::test

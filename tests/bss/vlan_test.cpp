@@ -98,6 +98,7 @@ std::vector<SweepRow> rows()
                "Unable to read bss1.wvid from config file /var/wsmDefaults"}}}};
 }
 INSTANTIATE_TEST_SUITE_P(BssVlan, FailureSweep, ::testing::ValuesIn(rows()), rowName);
+INSTANTIATE_TEST_SUITE_P(BssVlan, StatusSweep, ::testing::ValuesIn(rows()), rowName);
 
 } // namespace
 } // namespace oru::test

@@ -285,6 +285,23 @@ TEST_F(Wep, FailedDeletionOfAKeyIsOnlyInformation)
     EXPECT_THAT(keys(), ElementsAre(kShortStored, "77:77:77:77:77", "-", "-"));
 }
 
+TEST_F(Wep, Bss0And3AreAccepted)
+{
+    for (const int32_t bss : {0, 3}) {
+        const std::string prefix = "bss" + std::to_string(bss) + ".";
+        box.set(kAa, prefix + "openAccessEnabled", "false");
+        box.set(kAa, prefix + "wpaEnabled", "false");
+        EXPECT_EQ(oruSdkSetSecModeWep(bss, 1, 5, 1, kShort, nullptr, nullptr, nullptr), 0u);
+        EXPECT_EQ(aa(prefix + "wepKey.1"), kShortStored);
+        uint32_t number = 0;
+        char text[27];
+        EXPECT_EQ(oruSdkGetSecModeWep(bss, &number, &number, &number, text, text, text, text), 0u);
+        EXPECT_EQ(oruSdkSetSecModeWep(bss, 0, 0, 0, nullptr, nullptr, nullptr, nullptr), 0u);
+        EXPECT_EQ(aa(prefix + "wepEnabled"), "false");
+    }
+    EXPECT_THAT(keys(), ::testing::Each("77:77:77:77:77"));
+}
+
 TEST_F(Wep, NegativeBssFormsItsKeysWithTheSign)
 {
     box.set(kAa, "bss-1.openAccessEnabled", "false");
@@ -528,6 +545,7 @@ std::vector<SweepRow> rows()
             {"GetSecModeWep", prepareOn, [] { return Read{}.code; }, reading}};
 }
 INSTANTIATE_TEST_SUITE_P(Wep, FailureSweep, ::testing::ValuesIn(rows()), rowName);
+INSTANTIATE_TEST_SUITE_P(Wep, StatusSweep, ::testing::ValuesIn(rows()), rowName);
 
 } // namespace
 } // namespace oru::test
