@@ -248,6 +248,7 @@ std::vector<SweepRow> rows()
                "Unable to read bssId from config file /var/wsmDefaults"}}}};
 }
 INSTANTIATE_TEST_SUITE_P(ClientAdmin, FailureSweep, ::testing::ValuesIn(rows()), rowName);
+INSTANTIATE_TEST_SUITE_P(ClientAdmin, StatusSweep, ::testing::ValuesIn(rows()), rowName);
 
 } // namespace
 } // namespace oru::test

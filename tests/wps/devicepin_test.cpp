@@ -60,6 +60,49 @@ TEST_F(DevicePin, UnexpectedElementIs48AndStoresNothing)
     EXPECT_EQ(box.everything(), before);
 }
 
+TEST_F(DevicePin, ReplyShorterThanItsHeadIsAFailedReceiveAndStoresNothing)
+{
+    for (const size_t size : {1, 2, 3}) {
+        standIn.replyWith(Bytes(size, 0));
+        EXPECT_EQ(oruSdkSetDevicePin(0, 2, "1"), 48u);
+        EXPECT_LOGGED("IPC Recv failed");
+        EXPECT_EQ(oruSdkGenPassword(0, 2), 48u);
+        EXPECT_LOGGED("IPC Recv failed");
+    }
+    EXPECT_THAT(standIn.calls,
+                ::testing::Not(::testing::Contains("oruAsfDictCreate /var/wsmDefaults")));
+}
+
+TEST_F(DevicePin, ElementsThatAreOnlyNamedMayHoldAnything)
+{
+    const auto all = [](uint16_t id) {
+        return configReply({number8(id, 0), number32(id, 7), text(id, ""), text(id, "abc")});
+    };
+    standIn.replyWith(all(14));
+    EXPECT_EQ(oruSdkSetDevicePin(0, 2, "1"), 0u);
+    EXPECT_EQ(standIn.logTexts(), std::vector<std::string>(4, "wsc config set AP password\n"));
+    standIn.logs.clear();
+    standIn.replyWith(all(15));
+    EXPECT_EQ(oruSdkGenPassword(0, 2), 0u);
+    EXPECT_EQ(standIn.logTexts(),
+              std::vector<std::string>(4, "wsc config set generate AP password\n"));
+}
+
+TEST_F(DevicePin, HeadAloneIsAReplyWithoutElements)
+{
+    standIn.replyWith(configReply({}));
+    EXPECT_EQ(oruSdkSetDevicePin(0, 2, "1"), 0u);
+    EXPECT_EQ(oruSdkGenPassword(0, 2), 0u);
+    EXPECT_NOTHING_LOGGED();
+}
+
+TEST_F(DevicePin, NullPinIsRefusedBeforeWsmIsAsked)
+{
+    EXPECT_EQ(oruSdkSetDevicePin(0, 2, nullptr), 2u);
+    EXPECT_LOGGED("NULL pointer");
+    EXPECT_THAT(standIn.calls, IsEmpty());
+}
+
 TEST_F(DevicePin, LowBitsOfTheIndexesCount)
 {
     EXPECT_EQ(oruSdkSetDevicePin(0x10001, 0x70002, "1"), 0u);
@@ -85,6 +128,19 @@ TEST_F(DevicePin, AnyPinThatFitsIsStoredAndTooLongIs48)
     EXPECT_EQ(oruSdkSetDevicePin(0, 2, std::string(100000, 'x').c_str()), 48u);
     EXPECT_EQ(standIn.sent().size(), sent);
     EXPECT_EQ(box.everything(), before);
+}
+
+TEST_F(DevicePin, EachBssHasItsOwn)
+{
+    const auto other = stored();
+    for (const uint32_t bss : {0u, 3u}) {
+        const std::string own = "1000000" + std::to_string(bss);
+        EXPECT_EQ(oruSdkSetDevicePin(1, bss, own.c_str()), 0u);
+        EXPECT_EQ(box.value(kWsm, "bss" + std::to_string(bss) + ".appinpasswd"), own);
+        EXPECT_EQ(oruSdkGetDevicePin(static_cast<int32_t>(bss), pin, &length), 0u);
+        EXPECT_EQ(pin, own);
+    }
+    EXPECT_EQ(stored(), other);
 }
 
 TEST_F(DevicePin, GetTakes64CharactersAndRefuses65)
@@ -196,6 +252,7 @@ std::vector<SweepRow> rows()
     };
 }
 INSTANTIATE_TEST_SUITE_P(DevicePin, FailureSweep, ::testing::ValuesIn(rows()), rowName);
+INSTANTIATE_TEST_SUITE_P(DevicePin, StatusSweep, ::testing::ValuesIn(rows()), rowName);
 
 TEST_F(DevicePin, ElementThatCannotBeDecodedIs48AndStoresNothing)
 {

@@ -82,6 +82,36 @@ TEST_F(Enroll, WpsMustBeOn)
     EXPECT_THAT(standIn.calls, ::testing::Not(::testing::Contains("oruAsfIpcOpen")));
 }
 
+TEST_F(Enroll, EachBssHasItsOwnFlag)
+{
+    for (const uint32_t bss : {0u, 3u}) {
+        const std::string flag = "bss" + std::to_string(bss) + ".wscEnabledFlag";
+        box.set(kAa, flag, "0");
+        EXPECT_EQ(sendWscEnroll(1, 0, bss, ""), 109u);
+        EXPECT_LOGGED("WSC feature not enabled in /var/1x.conf");
+        box.set(kAa, flag, "1");
+        EXPECT_EQ(sendWscEnroll(1, 0, bss, ""), 0u);
+        EXPECT_EQ(standIn.sent().back().message[11], bss);
+    }
+}
+
+TEST_F(Enroll, OnlyTheNumber0IsOff)
+{
+    for (const char *flag : {"2", "-1", "256"}) {
+        box.set(kAa, "bss2.wscEnabledFlag", flag);
+        EXPECT_EQ(sendWscEnroll(1, 0, 2, ""), 0u) << flag;
+    }
+    EXPECT_NOTHING_LOGGED();
+}
+
+TEST_F(Enroll, NullPinIsRefusedBeforeTheFileIsRead)
+{
+    box.remove(kAa);
+    EXPECT_EQ(sendWscEnroll(1, 0, 2, nullptr), 2u);
+    EXPECT_LOGGED("NULL pointer");
+    EXPECT_THAT(standIn.calls, IsEmpty());
+}
+
 TEST_F(Enroll, ReplyWithoutElementsIsDumpedAndSucceeds)
 {
     standIn.replyWith(reply({}, 279));
@@ -121,6 +151,15 @@ TEST_F(Enroll, MethodElementsAreLogged)
                             "wsc method is PBC \n", "wsc method is PIN method \n",
                             "AP as enrollee PIN method \n"));
     for (const LogLine &line : standIn.logs) EXPECT_EQ(line.level, 3);
+}
+
+TEST_F(Enroll, MethodElementsMayHoldAnything)
+{
+    for (const uint16_t id : std::initializer_list<uint16_t>{11, 12, 13})
+        for (const Bytes &any : {number8(id, 0), number32(id, 7), text(id, ""), text(id, "abc")}) {
+            standIn.replyWith(reply({any}));
+            EXPECT_EQ(sendWscEnroll(1, 0, 2, ""), 0u) << id;
+        }
 }
 
 TEST_F(Enroll, UnexpectedElementIs119)
@@ -180,10 +219,30 @@ TEST_F(WscStatus, StoresTheResultCode)
     EXPECT_THAT(standIn.rooms(), ElementsAre(20000u));
 }
 
+TEST_F(WscStatus, StatusElementMayHoldAnything)
+{
+    for (const Bytes &any : {number8(16, 0), number32(16, 7), text(16, ""), text(16, "abc")}) {
+        standIn.replyWith(statusReply({any}));
+        EXPECT_EQ(oruSdkGetWscStatus(0, 0, &result), 0u);
+        EXPECT_LOGGED("wps status\n");
+    }
+    EXPECT_EQ(result, 77u);
+}
+
 TEST_F(WscStatus, HeadAloneLeavesTheResult)
 {
     standIn.replyWith(statusReply({}));
     EXPECT_EQ(oruSdkGetWscStatus(0, 0, &result), 0u);
+    EXPECT_EQ(result, 77u);
+}
+
+TEST_F(WscStatus, ReplyShorterThanItsHeadIsAFailedReceive)
+{
+    for (const size_t size : {1, 2, 3}) {
+        standIn.replyWith(Bytes(size, 0));
+        EXPECT_EQ(oruSdkGetWscStatus(0, 0, &result), 48u);
+        EXPECT_LOGGED("IPC Recv failed");
+    }
     EXPECT_EQ(result, 77u);
 }
 
@@ -240,6 +299,7 @@ std::vector<SweepRow> rows()
              kExchange}};
 }
 INSTANTIATE_TEST_SUITE_P(Enroll, FailureSweep, ::testing::ValuesIn(rows()), rowName);
+INSTANTIATE_TEST_SUITE_P(Enroll, StatusSweep, ::testing::ValuesIn(rows()), rowName);
 
 TEST_F(WscStatus, ReceiveAndDecodeThatFail)
 {

@@ -231,6 +231,7 @@ std::vector<SweepRow> rows()
     return rows;
 }
 INSTANTIATE_TEST_SUITE_P(WpsItems, FailureSweep, ValuesIn(rows()), rowName);
+INSTANTIATE_TEST_SUITE_P(WpsItems, StatusSweep, ValuesIn(rows()), rowName);
 
 } // namespace
 } // namespace oru::test

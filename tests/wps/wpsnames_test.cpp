@@ -185,10 +185,18 @@ TEST_F(WpsNames, GettersCheckPointersThenTheBss)
         EXPECT_LOGGED("NULL pointer");
         EXPECT_EQ(get(4, text, nullptr), 2u);
         EXPECT_LOGGED("NULL pointer");
-        EXPECT_EQ(get(4, text, &length), 115u);
-        EXPECT_LOGGED("Invalid bss number ID: 4");
+        for (const int32_t bss : {4, INT32_MAX}) {
+            EXPECT_EQ(get(bss, text, &length), 115u);
+            EXPECT_LOGGED("Invalid bss number ID: " + std::to_string(bss));
+        }
     }
     EXPECT_THAT(standIn.calls, IsEmpty());
+    for (const int32_t bss : {0, 3, -1}) {
+        const std::string key = "bss" + std::to_string(bss) + ".wpsintf";
+        box.setDelimited(kWsm, key, "wlan" + std::to_string(bss));
+        EXPECT_EQ(oruSdkGetWpsIntf(bss, text, &length), 0u);
+        EXPECT_EQ(text, "wlan" + std::to_string(bss));
+    }
 }
 
 TEST_F(WpsNames, StatusOfZeroOrAboveWithoutATextIsAMissingKey)
@@ -245,6 +253,7 @@ std::vector<SweepRow> rows()
               save}}};
 }
 INSTANTIATE_TEST_SUITE_P(WpsNames, FailureSweep, ::testing::ValuesIn(rows()), rowName);
+INSTANTIATE_TEST_SUITE_P(WpsNames, StatusSweep, ::testing::ValuesIn(rows()), rowName);
 
 } // namespace
 } // namespace oru::test
