@@ -208,6 +208,14 @@ TEST_F(BssInfo, SsidOf32CharactersPassesAnd33Is23)
     }
 }
 
+TEST_F(BssInfo, LengthOfTheSsidComesBeforeTheHiddenFlag)
+{
+    box.setDelimited(kWsm, "bss1.ssId", std::string(33, 's'));
+    box.unset(kWsm, "bss1.suppressSSIDFlag");
+    expectRefused(23, "Invalid SSID length: 33");
+    EXPECT_THAT(standIn.calls, Not(Contains("oruAsfDictGetInt bss1.suppressSSIDFlag")));
+}
+
 TEST_F(BssInfo, BytesBetweenTheFieldsAreLeft)
 {
     on("openAccessEnabled");
@@ -249,6 +257,17 @@ TEST_F(BssInfo, BssAbove3Is115BeforeAnythingIsOpened)
     EXPECT_THAT(standIn.calls, IsEmpty());
 }
 
+TEST_F(BssInfo, Bss0And3AreAccepted)
+{
+    for (const int32_t bss : {0, 3}) {
+        const std::string prefix = "bss" + std::to_string(bss) + ".";
+        clearBss(box, prefix);
+        box.set(kAa, prefix + "wepEnabled", "true");
+        info.bssIndex = bss;
+        expectMode("WEP Mode");
+    }
+}
+
 TEST_F(BssInfo, NegativeBssFormsItsKeysWithTheSign)
 {
     clearBss(box, "bss-1.");
@@ -264,6 +283,12 @@ TEST_F(BssInfo, NothingIsWritten)
     expectMode("WPA ");
     EXPECT_EQ(box.everything(), before);
     EXPECT_THAT(standIn.sent(), IsEmpty());
+}
+
+Step onMinusOneAlone(Step step)
+{
+    step.minusOneAlone = true;
+    return step;
 }
 
 std::vector<SweepRow> rows()
@@ -295,14 +320,17 @@ std::vector<SweepRow> rows()
           {"oruAsfDictGetBool bss1.wepEnabled", 26, "Unable to read wepEnabled from dictionary"},
           {"oruAsfDictGetBool bss1.dynamicWepEnabled", 0,
            "Unable to read dynamicWepEnabled from dictionary, set to 0", 4},
-          {"oruAsfDictGetInt bss1.wpaAuthTypes", 73, "Unable to read wpaAuthTypes from dictionary"},
-          {"oruAsfDictGetInt bss1.wpaEncTypes", 74, "Unable to read wpaEncTypes from dictionary"},
-          {"oruAsfDictGetInt bss1.mixedIeMode flag", 0,
-           "Unable to read mixedIeMode from dictionary, set to 1", 4},
+          onMinusOneAlone({"oruAsfDictGetInt bss1.wpaAuthTypes", 73,
+                           "Unable to read wpaAuthTypes from dictionary"}),
+          onMinusOneAlone({"oruAsfDictGetInt bss1.wpaEncTypes", 74,
+                           "Unable to read wpaEncTypes from dictionary"}),
+          onMinusOneAlone({"oruAsfDictGetInt bss1.mixedIeMode flag", 0,
+                           "Unable to read mixedIeMode from dictionary, set to 1", 4}),
           {"oruAsfDictGetString radiusServer.1", 81, "No RADIUS servers have been configured"},
           {"oruAsfDictGetString radiusServer.1", 81, "No RADIUS servers have been configured"}}}};
 }
 INSTANTIATE_TEST_SUITE_P(BssInfo, FailureSweep, ::testing::ValuesIn(rows()), rowName);
+INSTANTIATE_TEST_SUITE_P(BssInfo, StatusSweep, ::testing::ValuesIn(rows()), rowName);
 
 } // namespace
 } // namespace oru::test

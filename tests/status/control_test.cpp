@@ -125,6 +125,15 @@ TEST_F(Disassociation, ReplyWithoutElementsSucceeds)
     EXPECT_THAT(standIn.logTexts(), SizeIs(1));
 }
 
+TEST_F(Disassociation, ReplyShorterThan8BytesIsAFailedReceive)
+{
+    for (size_t size = 1; size < 8; ++size) {
+        standIn.replyWith(Bytes(size, 0));
+        EXPECT_EQ(sendDisAssocReq(kStation.data()), 48u) << size;
+        EXPECT_LOGGED("IPC Recv failed");
+    }
+}
+
 TEST_F(Disassociation, OtherElementOrUnsuitableLengthIs48)
 {
     const Bytes bad[] = {number16(3, 0), number16(10, 0), text(7, "12345"), text(10, "12345"),
@@ -166,6 +175,7 @@ const std::vector<SweepRow> kRows{
       {"oruAsfIpcCheck", 0, ""}}},
 };
 INSTANTIATE_TEST_SUITE_P(Control, FailureSweep, ::testing::ValuesIn(kRows), rowName);
+INSTANTIATE_TEST_SUITE_P(Control, StatusSweep, ::testing::ValuesIn(kRows), rowName);
 
 TEST_F(AdminStatus, EachCallOfASetThatFails)
 {

@@ -102,15 +102,37 @@ TEST_F(Statistics, ReplyWithoutAWholeHeadIsAFailedReceive)
     EXPECT_STREQ(radio->statsStr, "before");
 }
 
-TEST_F(Statistics, TypeZeroReportsAFailureAtTwoLevels)
+TEST_F(Statistics, TypeZeroReportsAFailureAtTwoLevelsWithATextOrWithout)
 {
-    standIn.replyWith(textReply("no such radio", 0));
-    EXPECT_EQ(oruSdkGetRadioStats(radio.get()), 1u);
-    EXPECT_LOGGED("param->statsStr:no such radio\n");
-    EXPECT_STREQ(radio->statsStr, "no such radio");
-    EXPECT_EQ(oruSdkGetStaStats(station.get()), 1u);
-    EXPECT_LOGGED_AT(6, "no such radio\n");
-    EXPECT_STREQ(station->statsStr, "no such radio");
+    for (const std::string why : {"no such radio", ""}) {
+        standIn.replyWith(textReply(why, 0));
+        EXPECT_EQ(oruSdkGetRadioStats(radio.get()), 1u);
+        EXPECT_LOGGED("param->statsStr:" + why + "\n");
+        EXPECT_EQ(radio->statsStr, why);
+        EXPECT_EQ(oruSdkGetStaStats(station.get()), 1u);
+        EXPECT_LOGGED_AT(6, why + "\n");
+        EXPECT_EQ(station->statsStr, why);
+    }
+}
+
+TEST_F(Statistics, OnlyTheWholeTypeZeroIsAFailure)
+{
+    for (const uint16_t type : std::initializer_list<uint16_t>{1, 255, 256, 0x8000, 0xff00}) {
+        standIn.replyWith(textReply("tx 1", type));
+        EXPECT_EQ(oruSdkGetRadioStats(radio.get()), 0u) << type;
+        EXPECT_EQ(oruSdkGetStaStats(station.get()), 0u) << type;
+    }
+    EXPECT_NOTHING_LOGGED();
+}
+
+TEST_F(Statistics, EverythingBehindTheHeadIsCopiedNulBytesToo)
+{
+    const std::string body("tx 1\0rx 2", 9);
+    standIn.replyWith(textReply(body));
+    EXPECT_EQ(oruSdkGetRadioStats(radio.get()), 0u);
+    EXPECT_EQ(std::string(radio->statsStr, 10), body + '\0');
+    EXPECT_EQ(oruSdkGetStaStats(station.get()), 0u);
+    EXPECT_EQ(std::string(station->statsStr, 10), body + '\0');
 }
 
 TEST_F(Statistics, FormatDirectivesOfAServiceAreOnlyText)

@@ -110,6 +110,18 @@ TEST_F(Tables, StationReaderChecksRadioSilentlyThenBss)
     EXPECT_THAT(standIn.sent(), IsEmpty());
 }
 
+TEST_F(Tables, StationReaderAsksForEveryBssOfBothRadios)
+{
+    for (uint8_t radio = 0; radio < 2; ++radio)
+        for (uint8_t index = 0; index < 4; ++index) {
+            stations->radioIndex[1] = radio;
+            stations->bssIndex[1] = index;
+            EXPECT_EQ(oruSdkGetStationParam(stations.get()), 0u);
+            EXPECT_EQ(standIn.sent().back().message[15], index);
+            EXPECT_EQ(standIn.sent().back().message[23], radio);
+        }
+}
+
 // ---- No reply, and replies without elements
 
 TEST_F(Tables, NoReplyGivesACountOfZero)
