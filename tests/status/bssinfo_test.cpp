@@ -287,7 +287,7 @@ TEST_F(BssInfo, NothingIsWritten)
 
 Step onMinusOneAlone(Step step)
 {
-    step.minusOneAlone = true;
+    step.onlyMinus1 = true;
     return step;
 }
 

@@ -154,6 +154,11 @@ void expectLogged(int32_t level, const std::vector<std::string> &texts, const ch
         EXPECT_EQ(log.source, "oruSdkAppsIf") << file << ":" << line;
         EXPECT_GT(log.line, 0) << file << ":" << line;
         EXPECT_EQ(log.zero, 0) << file << ":" << line;
+        // What varies is a value of the format.
+        EXPECT_NE(log.format, "%s") << file << ":" << line << ": " << log.text;
+        for (const char *part : {"/var/", "/config/", "radio0.", "radio1."})
+            EXPECT_EQ(log.format.find(part), std::string::npos)
+                << file << ":" << line << ": " << log.format;
     }
     standIn.logs.clear();
 }

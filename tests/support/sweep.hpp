@@ -16,10 +16,10 @@ struct Step {
     uint32_t code;    // 0: the operation goes on
     std::string log;  // the one log line; empty: none
     int32_t level = 3;
-    bool writes = false;        // files may have changed by then
-    int leftOpen = 0;           // dictionaries that stay open on purpose
-    std::string thenLog = {};   // a second log line; empty: none
-    bool minusOneAlone = false; // StatusSweep: another status than -1 is no failure
+    bool writes = false;      // files may have changed by then
+    int leftOpen = 0;         // dictionaries that stay open on purpose
+    std::string thenLog = {}; // a second log line; empty: none
+    bool onlyMinus1 = false;  // another status than -1 is no failure
 };
 
 /// An operation whose calls all pass on the prepared access point.
@@ -39,7 +39,7 @@ protected:
     void TearDown() override {} // the sweep looks at the handles itself, after each call
 };
 
-/// The same rows: a dictionary may say with another status than -1 that a call failed.
+/// For the same rows: a status other than -1 is a failure too.
 class StatusSweep : public FailureSweep {};
 
 inline std::string rowName(const ::testing::TestParamInfo<SweepRow> &info)
