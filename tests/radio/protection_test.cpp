@@ -82,6 +82,11 @@ TEST_F(Protection, GetReadsTheModeOnlyWhenTheSwitchIs4)
     EXPECT_EQ(oruSdkGetDot11Protection(&param), 0u);
     EXPECT_EQ(param.prtnEnable, 4u);
     EXPECT_EQ(param.protectionMode, 51u);
+    box.unset(kWsm, "radio1.ProtectionMode"); // not looked at
+    box.set(kWsm, "radio1.dot11Protection", "3");
+    EXPECT_EQ(oruSdkGetDot11Protection(&param), 0u);
+    EXPECT_EQ(param.prtnEnable, 3u);
+    EXPECT_EQ(param.protectionMode, 51u);
     EXPECT_NOTHING_LOGGED();
 }
 
@@ -235,6 +240,19 @@ TEST_F(Admission, AdmittingNeverChecksAnything)
     EXPECT_EQ(box.value(kWsm, "radio1.adminDot11bStaFlag"), "1");
 }
 
+TEST_F(Admission, GetGivesWhateverNumberIsStored)
+{
+    box.set(kWsm, "radio1.adminDot11bStaFlag", "-3");
+    OruSdkRadioSwitchParam param{0xabcd, 1, 77};
+    EXPECT_EQ(oruSdkGetStaAcceptCriteria(&param), 0u);
+    EXPECT_EQ(param.enable, static_cast<uint32_t>(-3));
+    box.unset(kWsm, "radio1.adminDot11bStaFlag"); // that of the device is another one
+    param.enable = 77;
+    EXPECT_EQ(oruSdkGetStaAcceptCriteria(&param), 42u);
+    EXPECT_LOGGED("Unable to read adminDot11bStaFlag from config file /var/wsmDefaults");
+    EXPECT_EQ(param.enable, 77u);
+}
+
 TEST_F(Admission, OtherValuesAre56BeforeTheFileIsOpened)
 {
     const std::string before = box.everything();
@@ -301,6 +319,7 @@ const SweepRow kSweep[] = {
 };
 
 INSTANTIATE_TEST_SUITE_P(Protection, FailureSweep, ::testing::ValuesIn(kSweep), rowName);
+INSTANTIATE_TEST_SUITE_P(Protection, StatusSweep, ::testing::ValuesIn(kSweep), rowName);
 
 } // namespace
 } // namespace oru::test
