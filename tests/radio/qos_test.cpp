@@ -182,6 +182,15 @@ TEST_F(DynamicProfile, WmmOffIs104)
     EXPECT_EQ(oruSdkSetDynamicProfileSelect(&param), 0u);
 }
 
+TEST_F(DynamicProfile, WmmIsCheckedBeforeTheFileIsLoadedForItsOwnKey)
+{
+    box.set(kWsm, "wmmEnabledFlag", "0");
+    standIn.failOnly("oruAsfDictCreate");
+    standIn.failAt(2); // the first one is WMM's
+    EXPECT_EQ(oruSdkSetDynamicProfileSelect(&param), 104u);
+    EXPECT_EQ(standIn.failed(), "");
+}
+
 TEST_F(DynamicProfile, OtherChoicesAre103BeforeWmmIsLookedAt)
 {
     box.set(kWsm, "wmmEnabledFlag", "0");
@@ -278,6 +287,7 @@ const SweepRow kSweep[] = {
 };
 
 INSTANTIATE_TEST_SUITE_P(Qos, FailureSweep, ::testing::ValuesIn(kSweep), rowName);
+INSTANTIATE_TEST_SUITE_P(Qos, StatusSweep, ::testing::ValuesIn(kSweep), rowName);
 
 } // namespace
 } // namespace oru::test
