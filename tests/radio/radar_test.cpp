@@ -87,12 +87,16 @@ TEST_F(Radar, FlagIsReadBeforeTheChannel)
     box.unset(kWsm, "radio0.radarDetectFlag");
     box.unset(kWsm, "radio0.configuredChannel");
     EXPECT_EQ(oruSdkSetRadarDetect(&param), 42u);
+    EXPECT_EQ(standIn.logs.at(0).format,
+              "Failed to read radio%d.radarDetectFlag flag from config file %s");
     EXPECT_LOGGED("Failed to read radio0.radarDetectFlag flag from config file /var/wsmDefaults");
     box.set(kWsm, "radio0.radarDetectFlag", "1");
     EXPECT_EQ(oruSdkSetRadarDetect(&param), 121u); // before the channel is read
     EXPECT_NOTHING_LOGGED();
     param.activationFlag = 0;
     EXPECT_EQ(oruSdkSetRadarDetect(&param), 42u);
+    EXPECT_EQ(standIn.logs.at(0).format,
+              "Failed to read radio%d.configuredChannel from config file %s");
     EXPECT_LOGGED("Failed to read radio0.configuredChannel from config file /var/wsmDefaults");
 }
 
@@ -123,6 +127,15 @@ TEST_F(Radar, ConfiguredRadarChannelIs122BothWays)
             EXPECT_EQ(box.everything() == before, refused) << channel;
         }
     EXPECT_NOTHING_LOGGED();
+}
+
+TEST_F(Radar, ConfiguredChannelIsCheckedBeforeTheFlagIsWritten)
+{
+    store(box, "0", "100");
+    standIn.failOnly("oruAsfDictSetString");
+    standIn.failAt(1);
+    EXPECT_EQ(oruSdkSetRadarDetect(&param), 122u);
+    EXPECT_EQ(standIn.failed(), "");
 }
 
 TEST_F(Radar, AnotherStoredNumberIsNoStateOfTheSwitch)
@@ -200,6 +213,7 @@ const std::vector<SweepRow> kRows{
        "Unable to write Radar channel file /config/wsmSavedRadarDetectList"}}},
 };
 INSTANTIATE_TEST_SUITE_P(Radar, FailureSweep, ::testing::ValuesIn(kRows), rowName);
+INSTANTIATE_TEST_SUITE_P(Radar, StatusSweep, ::testing::ValuesIn(kRows), rowName);
 
 } // namespace
 } // namespace oru::test
