@@ -359,9 +359,11 @@ std::vector<SweepRow> sweepRows()
                  {kLoad}};
     std::vector<SweepRow> rows;
     for (const Family &family : kFamilies) {
-        get.steps.push_back(
-            {"oruAsfDictGetString " + family.key(1), 42,
-             "Unable to read dot11" + family.name + "Rates from config file /var/wsmDefaults"});
+        get.steps.push_back({.call = "oruAsfDictGetString " + family.key(1),
+                             .code = 42,
+                             .log = "Unable to read dot11" + family.name +
+                                    "Rates from config file /var/wsmDefaults",
+                             .onlyMinus1 = true});
         rows.push_back(
             {"SetBasicRateSetParam" + family.name,
              nullptr,
@@ -374,6 +376,7 @@ std::vector<SweepRow> sweepRows()
 }
 
 INSTANTIATE_TEST_SUITE_P(BasicRates, FailureSweep, ::testing::ValuesIn(sweepRows()), rowName);
+INSTANTIATE_TEST_SUITE_P(BasicRates, StatusSweep, ::testing::ValuesIn(sweepRows()), rowName);
 
 } // namespace
 } // namespace oru::test

@@ -142,6 +142,7 @@ const SweepRow kSweep[] = {
 };
 
 INSTANTIATE_TEST_SUITE_P(Bonding, FailureSweep, ::testing::ValuesIn(kSweep), rowName);
+INSTANTIATE_TEST_SUITE_P(Bonding, StatusSweep, ::testing::ValuesIn(kSweep), rowName);
 
 } // namespace
 } // namespace oru::test

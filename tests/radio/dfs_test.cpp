@@ -503,6 +503,7 @@ std::vector<SweepRow> rows()
     return all;
 }
 INSTANTIATE_TEST_SUITE_P(Dfs, FailureSweep, ValuesIn(rows()), rowName);
+INSTANTIATE_TEST_SUITE_P(Dfs, StatusSweep, ValuesIn(rows()), rowName);
 
 } // namespace
 } // namespace oru::test

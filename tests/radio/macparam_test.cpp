@@ -272,6 +272,7 @@ std::vector<SweepRow> sweepRows()
 }
 
 INSTANTIATE_TEST_SUITE_P(Mac, FailureSweep, ::testing::ValuesIn(sweepRows()), rowName);
+INSTANTIATE_TEST_SUITE_P(Mac, StatusSweep, ::testing::ValuesIn(sweepRows()), rowName);
 
 } // namespace
 } // namespace oru::test

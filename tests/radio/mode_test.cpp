@@ -371,6 +371,18 @@ TEST_F(Dot11Mode, OnlyMinus1FailsTheRateAndTheFlag)
     EXPECT_NOTHING_LOGGED();
 }
 
+TEST_F(Dot11Mode, FormatsTakeTheRadio)
+{
+    box.unset(kWsm, "radio1.channelSelectionType");
+    EXPECT_EQ(setMode(3), 42u);
+    box.unset(kWsm, "radio1.bandType");
+    EXPECT_EQ(setMode(3), 42u);
+    ASSERT_EQ(standIn.logs.size(), 2u);
+    EXPECT_EQ(standIn.logs[0].format,
+              "Failed to read radio%d.channelSelectionType from config file %s");
+    EXPECT_EQ(standIn.logs[1].format, "Unable to read radio%d.bandType from config file %s");
+}
+
 TEST_F(Dot11Mode, AnyStatusFailsTheOtherReads)
 {
     for (const char *key : {"bandType", "standardExt", "channelSelectionType"}) {
@@ -407,7 +419,10 @@ void prepareChannel14(AccessPoint &box, StandIn &standIn)
 
 Step failedRead(const std::string &key, const std::string &text)
 {
-    return {"oruAsfDictGetInt radio1." + key, 42, text + " from config file /var/wsmDefaults"};
+    return {.call = "oruAsfDictGetInt radio1." + key,
+            .code = 42,
+            .log = text + " from config file /var/wsmDefaults",
+            .onlyMinus1 = key == "fixedRate"};
 }
 
 SweepRow modeRow(const std::string &name, uint32_t mode, std::vector<Step> checks)
@@ -435,8 +450,10 @@ std::vector<SweepRow> sweeps()
         failedRead("channelSelectionType", "Failed to read radio1.channelSelectionType");
     const Step channel =
         failedRead("configuredChannel", "Failed to read radio1.channelSelectionType");
-    const Step flag{"oruAsfDictSetString ERPFlag", 42,
-                    "Unable to set ERPflag from config file /var/wsmDefaults"};
+    const Step flag{.call = "oruAsfDictSetString ERPFlag",
+                    .code = 42,
+                    .log = "Unable to set ERPflag from config file /var/wsmDefaults",
+                    .onlyMinus1 = true};
     const Step rate = failedRead("fixedRate", "Unable to read rate");
     const Step stations = failedRead("adminDot11bStaFlag", "Unable to read adminDot11bStaFlag");
     return {modeRow("SetMode5", 5, {flag}),
@@ -453,6 +470,7 @@ std::vector<SweepRow> sweeps()
               failedRead("dot11Mode", "Unable to read radio1.dot11Mode")}}};
 }
 INSTANTIATE_TEST_SUITE_P(Dot11Mode, FailureSweep, ValuesIn(sweeps()), rowName);
+INSTANTIATE_TEST_SUITE_P(Dot11Mode, StatusSweep, ValuesIn(sweeps()), rowName);
 
 } // namespace
 } // namespace oru::test

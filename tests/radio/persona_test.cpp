@@ -297,8 +297,10 @@ SweepRow row(const std::string &name, Operation operation, uint32_t choice, std:
 
 Step failedRead(const std::string &key, const std::string &text)
 {
-    return {"oruAsfDictGetInt radio1." + key, 42,
-            "Unable to read " + text + " from config file /var/wsmDefaults"};
+    return {.call = "oruAsfDictGetInt radio1." + key,
+            .code = 42,
+            .log = "Unable to read " + text + " from config file /var/wsmDefaults",
+            .onlyMinus1 = key == "fixedRate"};
 }
 
 std::vector<SweepRow> sweeps()
@@ -323,6 +325,7 @@ std::vector<SweepRow> sweeps()
     return rows;
 }
 INSTANTIATE_TEST_SUITE_P(PersonaAndBand, FailureSweep, ValuesIn(sweeps()), rowName);
+INSTANTIATE_TEST_SUITE_P(PersonaAndBand, StatusSweep, ValuesIn(sweeps()), rowName);
 
 } // namespace
 } // namespace oru::test

@@ -323,6 +323,7 @@ TEST_F(Rates, BroadcastRangeIsCheckedBehindTheBandAndBeforeTheValidator)
     box.unset(kWsm, "radio0.bandType");
     for (const Operation set : {oruSdkSetBroadcastRate, oruSdkSetBroadcastMcsRate}) {
         EXPECT_EQ(set(&param), 42u);
+        EXPECT_EQ(standIn.logs.at(0).format, "Unable to read radio%d.bandType from config file %s");
         EXPECT_LOGGED("Unable to read radio0.bandType from config file /var/wsmDefaults");
     }
     EXPECT_EQ(param.featureOptions, 55u);
@@ -515,6 +516,7 @@ const SweepRow kSweeps[] = {
        "Unable to read MaxRate from config file /var/wsmDefaults"}}},
 };
 INSTANTIATE_TEST_SUITE_P(Rates, FailureSweep, ValuesIn(kSweeps), rowName);
+INSTANTIATE_TEST_SUITE_P(Rates, StatusSweep, ValuesIn(kSweeps), rowName);
 
 /// The same for operations that also write trace lines: the last line is the failure's.
 void sweepTraced(const AccessPoint &box, StandIn &standIn, const SweepRow &sweep)

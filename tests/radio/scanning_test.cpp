@@ -239,6 +239,7 @@ const SweepRow kSweep[] = {
 };
 
 INSTANTIATE_TEST_SUITE_P(Scanning, FailureSweep, ::testing::ValuesIn(kSweep), rowName);
+INSTANTIATE_TEST_SUITE_P(Scanning, StatusSweep, ::testing::ValuesIn(kSweep), rowName);
 
 } // namespace
 } // namespace oru::test
