@@ -25,7 +25,7 @@ extern "C" int clock_gettime(clockid_t, timespec *now) noexcept
 {
     timeval wall{};
     ::gettimeofday(&wall, nullptr);
-    *now = {wall.tv_sec + later, wall.tv_usec * 1000};
+    *now = {wall.tv_sec + later, static_cast<long>(wall.tv_usec) * 1000};
     return 0;
 }
 
