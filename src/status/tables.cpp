@@ -96,11 +96,11 @@ bool takeText(const Element &element, char (&to)[Room])
     return true;
 }
 
-/// Asks, and converts the reply's head. `empty` tells that there are no elements, or no reply.
-uint32_t askTable(const Request &request, TableReply &reply, bool &empty)
+/// Asks, and converts the reply's head. A service that keeps silent has an empty table, as has one
+/// that answers with the head alone.
+uint32_t askTable(const Request &request, TableReply &reply)
 {
     if (const uint32_t code = askWsm(request, reply, kElementsStart); code != 0) return code;
-    empty = reply.size <= kElementsStart;
     if (reply.size != 0) oruAsfNtohHdr(reply.bytes);
     return ORUSDK_RC_OK;
 }
@@ -246,10 +246,7 @@ uint32_t oruSdkGetBssListParam(OruSdkBssListParam *param)
     request.number32(kReplyRoom)
         .element16(kRadioElement, param->radioIndex); // not checked: intended
     TableReply reply;
-    bool empty = false;
-    if (const uint32_t code = askTable(request.finish(kMessage), reply, empty); code != 0)
-        return code;
-    if (empty) return param->numBss = 0, ORUSDK_RC_OK;
+    if (const uint32_t code = askTable(request.finish(kMessage), reply); code != 0) return code;
 
     BssListReader reader{*param};
     const uint32_t code = takeElements(reply, [&](const Element &e) { return reader.accept(e); });
@@ -265,10 +262,7 @@ uint32_t oruSdkGetScanlistParam(OruSdkScanlistParam *param)
     Request request;
     request.number32(kReplyRoom);
     TableReply reply;
-    bool empty = false;
-    if (const uint32_t code = askTable(request.finish(kMessage), reply, empty); code != 0)
-        return code;
-    if (empty) return store32(param->numEntries, 0), ORUSDK_RC_OK;
+    if (const uint32_t code = askTable(request.finish(kMessage), reply); code != 0) return code;
 
     ScanListReader reader{*param};
     const uint32_t code = takeElements(reply, [&](const Element &e) { return reader.accept(e); });
@@ -291,10 +285,7 @@ uint32_t oruSdkGetStationParam(OruSdkStationParam *param)
     Request request;
     request.number32(kReplyRoom).element16(kBssElement, bss).element16(kRadioElement, radio);
     TableReply reply;
-    bool empty = false;
-    if (const uint32_t code = askTable(request.finish(kMessage), reply, empty); code != 0)
-        return code;
-    if (empty) return store32(param->numStations, 0), ORUSDK_RC_OK;
+    if (const uint32_t code = askTable(request.finish(kMessage), reply); code != 0) return code;
 
     StationReader reader{*param};
     const uint32_t code = takeElements(reply, [&](const Element &e) { return reader.accept(e); });
@@ -310,10 +301,7 @@ uint32_t oruSdkGetRadioParam(OruSdkRadioParam *param)
     Request request;
     request.number32(kReplyRoom);
     TableReply reply;
-    bool empty = false;
-    if (const uint32_t code = askTable(request.finish(kMessage), reply, empty); code != 0)
-        return code;
-    if (empty) return store32(param->numRadios, 0), ORUSDK_RC_OK;
+    if (const uint32_t code = askTable(request.finish(kMessage), reply); code != 0) return code;
 
     RadioReader reader{*param};
     const uint32_t code = takeElements(reply, [&](const Element &e) { return reader.accept(e); });
