@@ -66,6 +66,10 @@ target_compile_options(oruWarnings INTERFACE -Wall -Wextra -Wpedantic
 if(CMAKE_CXX_COMPILER_ID STREQUAL GNU AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
     target_compile_options(oruWarnings INTERFACE -Wno-restrict)
 endif()
+# Formats of log lines are checked against their values by the library itself, at compile time.
+if(CMAKE_CXX_COMPILER_ID STREQUAL Clang)
+    target_compile_options(oruWarnings INTERFACE -Wno-format-security)
+endif()
 if(ORU_SANITIZE)
     # Little optimization, and line numbers as the only debug information: half the time to build.
     add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer

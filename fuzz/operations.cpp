@@ -340,7 +340,7 @@ void setRecord(Input &input)
         const auto servers = std::make_unique<OruSdkRadiusServer[]>(3);
         const int32_t timeout = input.byte() % 24;
         const int32_t count = input.byte() % 5;
-        for (int i = 0; i < 3; ++i) input.fill(&servers[i], sizeof(OruSdkRadiusServer));
+        for (size_t i = 0; i < 3; ++i) input.fill(&servers[i], sizeof(OruSdkRadiusServer));
         code = oruSdkSetRadiusConf(timeout, 1, 0, count, servers.get());
         break;
     }
