@@ -308,12 +308,19 @@ std::vector<SweepRow> rows()
         const std::vector<Step> flags = flagSteps(bss);
         all.insert(all.end(), flags.begin(), flags.end());
         if (bss == 2)
-            all.insert(all.end(), {{"oruAsfDictGetInt bss2.wpaAuthTypes", 73,
-                                    "Unable to read wpaAuthTypes from dictionary"},
-                                   {"oruAsfDictGetInt bss2.wpaEncTypes", 74,
-                                    "Unable to read wpaEncTypes from dictionary"},
-                                   {"oruAsfDictGetInt bss2.mixedIeMode flag", 0,
-                                    "Unable to read mixedIeMode from dictionary, set to 1", 4},
+            all.insert(all.end(), {{.call = "oruAsfDictGetInt bss2.wpaAuthTypes",
+                                    .code = 73,
+                                    .log = "Unable to read wpaAuthTypes from dictionary",
+                                    .onlyMinus1 = true},
+                                   {.call = "oruAsfDictGetInt bss2.wpaEncTypes",
+                                    .code = 74,
+                                    .log = "Unable to read wpaEncTypes from dictionary",
+                                    .onlyMinus1 = true},
+                                   {.call = "oruAsfDictGetInt bss2.mixedIeMode flag",
+                                    .code = 0,
+                                    .log = "Unable to read mixedIeMode from dictionary, set to 1",
+                                    .level = 4,
+                                    .onlyMinus1 = true},
                                    {"oruAsfDictGetDelimitedString bss2.wpaPsk", 72,
                                     "Unable to read wpaPsk from dictionary"}});
         if (bss == 3)
@@ -349,6 +356,7 @@ std::vector<SweepRow> rows()
               {"oruAsfIpcSend", 0, "IPC Send failed"}}}};
 }
 INSTANTIATE_TEST_SUITE_P(Commit, FailureSweep, ::testing::ValuesIn(rows()), rowName);
+INSTANTIATE_TEST_SUITE_P(Commit, StatusSweep, ::testing::ValuesIn(rows()), rowName);
 
 } // namespace
 } // namespace oru::test

@@ -270,6 +270,7 @@ std::vector<SweepRow> rows()
               {"system", 58, "Failed to copy configuration file /var/1x.conf"}}}};
 }
 INSTANTIATE_TEST_SUITE_P(Reset, FailureSweep, ::testing::ValuesIn(rows()), rowName);
+INSTANTIATE_TEST_SUITE_P(Reset, StatusSweep, ::testing::ValuesIn(rows()), rowName);
 
 TEST_F(Reset, FailedSecondSaveLeavesTheRadioSideRestored)
 {

@@ -360,7 +360,9 @@ std::vector<SweepRow> optionRows()
 }
 
 INSTANTIATE_TEST_SUITE_P(Switches, FailureSweep, ValuesIn(switchRows()), rowName);
+INSTANTIATE_TEST_SUITE_P(Switches, StatusSweep, ValuesIn(switchRows()), rowName);
 INSTANTIATE_TEST_SUITE_P(Options, FailureSweep, ValuesIn(optionRows()), rowName);
+INSTANTIATE_TEST_SUITE_P(Options, StatusSweep, ValuesIn(optionRows()), rowName);
 
 TEST(SwitchTable, NamesEveryKeyOnce)
 {

@@ -305,7 +305,10 @@ const std::vector<Step> kFixed =
          "Unable to read radio1.bandType from config file /var/wsmDefaults"},
         {"oruAsfDictCreate /var/wsmDefaults", 88, std::string(kLoadFailed) + " | " + kDomain36},
         {kMode1, 88, std::string(kNoMode) + " | " + kDomain36},
-        {"oruAsfDictGetInt radio1.fixedRate", 42, kNoRate},
+        {.call = "oruAsfDictGetInt radio1.fixedRate",
+         .code = 42,
+         .log = kNoRate,
+         .onlyMinus1 = true},
         {"oruAsfDictSetString radio1.broadcastRate5GHz", 25,
          "Unable to write fixedRate to dictionary"},
         radioStep("channelSelectionType"),
@@ -374,6 +377,7 @@ const std::vector<SweepRow> kRows{
             readStep("periodicDfsTmr")}),
 };
 INSTANTIATE_TEST_SUITE_P(ChannelParam, FailureSweep, ValuesIn(kRows), rowName);
+INSTANTIATE_TEST_SUITE_P(ChannelParam, StatusSweep, ValuesIn(kRows), rowName);
 
 } // namespace
 } // namespace oru::test

@@ -253,6 +253,7 @@ const std::vector<SweepRow> kRows{
       {"oruAsfIpcRecv", 48, "IPC Recv failed"}}},
 };
 INSTANTIATE_TEST_SUITE_P(RadioInfo, FailureSweep, ::testing::ValuesIn(kRows), rowName);
+INSTANTIATE_TEST_SUITE_P(RadioInfo, StatusSweep, ::testing::ValuesIn(kRows), rowName);
 
 constexpr char kCountries[] =
     "AD AE AF AG AI AL AM AN AO AQ AR AS AT AU AW AX AZ BA BB BD BE BF BG BH "

@@ -175,6 +175,7 @@ const std::vector<SweepRow> kRows{
        "Unable to write WSM Defaults file /var/wsmDefaults"}}},
 };
 INSTANTIATE_TEST_SUITE_P(WorldMode, FailureSweep, ::testing::ValuesIn(kRows), rowName);
+INSTANTIATE_TEST_SUITE_P(WorldMode, StatusSweep, ::testing::ValuesIn(kRows), rowName);
 
 } // namespace
 } // namespace oru::test
